@@ -1,0 +1,32 @@
+# Native build: the portable core's tests, fuzz targets and benchmarks.
+find_package(GTest REQUIRED)
+
+file(GLOB NATIVE_TEST_SOURCES ${CMAKE_SOURCE_DIR}/tests/native/*.cpp)
+add_executable(vell_native_tests ${NATIVE_TEST_SOURCES})
+target_link_libraries(vell_native_tests PRIVATE vellcore GTest::gtest GTest::gtest_main)
+target_include_directories(vell_native_tests PRIVATE ${CMAKE_SOURCE_DIR}/tests/native)
+add_test(NAME native_tests COMMAND vell_native_tests)
+set_tests_properties(native_tests PROPERTIES
+  ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/native/lsan.supp")
+
+# Writes the seed corpora and sample files that the fuzzers start from.
+add_executable(vell_make_samples ${CMAKE_SOURCE_DIR}/tests/fuzz/MakeSamples.cpp
+                                 ${CMAKE_SOURCE_DIR}/tests/native/BmpWriter.cpp)
+target_include_directories(vell_make_samples PRIVATE ${CMAKE_SOURCE_DIR}/tests/native)
+
+if(VELL_FUZZ)
+  foreach(target dib_reader path_splitter)
+    add_executable(fuzz_${target} ${CMAKE_SOURCE_DIR}/tests/fuzz/fuzz_${target}.cpp)
+    target_link_libraries(fuzz_${target} PRIVATE vellcore)
+    target_compile_options(fuzz_${target} PRIVATE -fsanitize=fuzzer)
+    target_link_options(fuzz_${target} PRIVATE -fsanitize=fuzzer)
+  endforeach()
+endif()
+
+if(VELL_BENCH)
+  find_package(benchmark REQUIRED)
+  add_executable(vell_bench ${CMAKE_SOURCE_DIR}/bench/DecodeBench.cpp
+                            ${CMAKE_SOURCE_DIR}/tests/native/BmpWriter.cpp)
+  target_include_directories(vell_bench PRIVATE ${CMAKE_SOURCE_DIR}/tests/native /usr/include/stb)
+  target_link_libraries(vell_bench PRIVATE vellcore benchmark::benchmark)
+endif()

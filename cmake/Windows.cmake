@@ -1,0 +1,91 @@
+# Windows build: VellColor.dll, its import library, the demo host and the
+# Windows tests, which CTest runs through Wine.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
+
+# Nothing but system DLLs and msvcrt.dll at run time.
+add_link_options(-static)
+add_compile_definitions(UNICODE _UNICODE WINVER=0x0501 _WIN32_WINNT=0x0501)
+
+# The Win32 layer and the dialogs, compiled once for the DLL; test programs
+# that need the internals link the same objects.
+add_library(vellwin OBJECT
+  src/framework/Dialog.cpp
+  src/framework/MessageFilter.cpp
+  src/framework/ModuleInstance.cpp
+  src/framework/SystemDialogs.cpp
+  src/dialog/CDlgColor.cpp
+  src/dialog/SettingsFile.cpp
+  src/dialog/ShowErrorMessage.cpp
+  src/panels/Panels.cpp
+)
+target_include_directories(vellwin PUBLIC include src resources)
+target_compile_definitions(vellwin PUBLIC VELLCOLOR_BUILDING_DLL)
+
+add_library(VellColor SHARED
+  src/module/VellColorModule.cpp
+  resources/VellColor.rc
+  src/module/VellColor.def
+)
+set_target_properties(VellColor PROPERTIES PREFIX "" OUTPUT_NAME VellColor)
+target_include_directories(VellColor PRIVATE include src resources)
+target_link_libraries(VellColor PRIVATE vellwin vellcore comctl32 gdi32 user32)
+target_compile_definitions(VellColor PRIVATE VELLCOLOR_BUILDING_DLL)
+# Undecorated __stdcall names in the export table.
+target_link_options(VellColor PRIVATE -Wl,--kill-at)
+set_target_properties(VellColor PROPERTIES
+  RC_FLAGS "-I${CMAKE_SOURCE_DIR}/resources -c 65001"
+  ARCHIVE_OUTPUT_NAME VellColor-cxx)
+
+# The hosts' import library: the linker's own would carry the undecorated
+# names too, but a compiler calling a __stdcall function looks for
+# PXColor_Open@8. dlltool keeps that symbol and imports it by the plain name.
+# The linker's library (libVellColor-cxx.dll.a) adds the exported classes.
+find_program(VELL_DLLTOOL i686-w64-mingw32-dlltool REQUIRED)
+set(VELL_IMPORT_LIB ${CMAKE_ARCHIVE_OUTPUT_DIRECTORY}/libVellColor.dll.a)
+add_custom_command(TARGET VellColor POST_BUILD
+  COMMAND ${VELL_DLLTOOL} --kill-at --input-def ${CMAKE_SOURCE_DIR}/src/module/VellColor.def
+          --dllname VellColor.dll --output-lib ${VELL_IMPORT_LIB}
+  VERBATIM)
+add_library(VellColorImport INTERFACE)
+target_link_libraries(VellColorImport INTERFACE ${VELL_IMPORT_LIB})
+add_dependencies(VellColorImport VellColor)
+
+add_executable(VellDemoHost WIN32 tools/DemoHost.cpp)
+target_link_libraries(VellDemoHost PRIVATE VellColorImport vellcore)
+target_link_options(VellDemoHost PRIVATE -static -municode)
+
+# GoogleTest from the Debian sources, built with the cross compiler.
+set(gtest_disable_pthreads ON CACHE BOOL "" FORCE)
+set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
+set(BUILD_GMOCK OFF CACHE BOOL "" FORCE)
+add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
+
+add_library(vell_wintest_support STATIC tests/windows/WinTestSupport.cpp)
+target_include_directories(vell_wintest_support PUBLIC include src resources tests/windows)
+target_link_libraries(vell_wintest_support PUBLIC gtest)
+
+# Programs that load the real DLL as a host does.
+function(vell_dll_test name)
+  add_executable(${name} ${ARGN})
+  target_link_libraries(${name} PRIVATE vell_wintest_support VellColorImport VellColor vellcore
+                                        gtest_main)
+  target_link_options(${name} PRIVATE -static)
+  add_test(NAME ${name} COMMAND ${name})
+endfunction()
+
+vell_dll_test(win_module_tests tests/windows/ModuleTest.cpp tests/windows/DialogTemplateTest.cpp)
+vell_dll_test(win_notification_tests tests/windows/NotificationTest.cpp)
+vell_dll_test(win_settings_tests tests/windows/SettingsTest.cpp)
+vell_dll_test(win_layout_tests tests/windows/LayoutTest.cpp)
+
+# Programs that link the Win32 layer itself, for what the DLL does not export.
+add_executable(win_internal_tests tests/windows/ErrorMessageTest.cpp)
+target_link_libraries(win_internal_tests PRIVATE vell_wintest_support vellwin vellcore gtest_main)
+target_link_options(win_internal_tests PRIVATE -static)
+add_test(NAME win_internal_tests COMMAND win_internal_tests)
+
+# Windows tests share one display and the settings file beside them.
+set_tests_properties(win_module_tests win_notification_tests win_settings_tests
+                     win_layout_tests win_internal_tests PROPERTIES RUN_SERIAL TRUE)

@@ -1,0 +1,52 @@
+// The in-memory picture: 1 byte per pixel with a palette, or 3 bytes per pixel
+// (blue, green, red). Rows are stored bottom-up as in a Windows DIB, each row
+// padded with zeros to a multiple of 4 bytes. Every buffer comes from malloc.
+#pragma once
+
+#include <cstddef>
+
+class BitmapImage {
+public:
+    BitmapImage();
+    ~BitmapImage();
+    BitmapImage(const BitmapImage&) = delete;
+    BitmapImage& operator=(const BitmapImage&) = delete;
+
+    // An empty image on the C runtime heap, and its counterpart.
+    static BitmapImage* NewEmpty();
+    static void Delete(BitmapImage* image);
+
+    void Clear();
+    int Create(int width, int height, int bytesPerPixel, int paletteCount);
+
+    int GetWidth() const { return width; }
+    int GetHeight() const { return height; }
+    int GetBytesPerPixel() const { return bytesPerPixel; }
+    int GetPaletteCount() const { return paletteCount; }
+
+    void SetPaletteEntry(int index, unsigned char r, unsigned char g, unsigned char b);
+    // No bounds checks: the caller keeps x and y inside the image.
+    unsigned char* PixelAt(int x, int y) const {
+        return pixels + y * stride + x * bytesPerPixel;
+    }
+    void SetBits(unsigned int byteCount, const unsigned char* rows, int sourceStride,
+                 int sourceBitsPerPixel);
+    int Copy(const BitmapImage& source);
+    int ConvertTo24Bit();
+
+    // Loads a .bmp file; the path is UTF-8.
+    int LoadFile(const char* path);
+    // Reads a packed DIB (information header, color table, pixels) that
+    // occupies `size` bytes at `dib`. Nothing outside that range is read.
+    int SetFromPackedDIB(const unsigned char* dib, std::size_t size);
+
+    char* name;
+    int width;
+    int height;
+    int bytesPerPixel;
+    int stride;
+    int paletteCount;
+    unsigned char* palette;  // paletteCount entries of red, green, blue
+    unsigned int pixelBytes;
+    unsigned char* pixels;
+};

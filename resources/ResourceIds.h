@@ -1,0 +1,27 @@
+// Resource and control ids of the library's templates.
+#pragma once
+
+// Main dialog
+#define IDD_REMOTE_CONTROL 1000
+#define IDC_UPDATE 1000
+#define IDC_UNIFORM_COLOR 1001
+#define IDC_EFFECT_FRAME 1002
+#define IDC_RADIO_GRADATION 1003
+#define IDC_BLUR 1004
+#define IDC_REVERSE_COLOR 1005
+#define IDC_RADIO_TILE 1006
+#define IDC_RADIO_IMAGE_MAPPING 1007
+#define IDC_COLOR_EDGE 1008
+#define IDC_RADIO_ISOLINE 1009
+#define IDC_RADIO_STRIPE 1010
+#define IDC_LOWER_FRAME 1027
+
+// Panel templates
+#define IDD_GRADATION 1001
+#define IDD_TILE 1002
+#define IDD_COLOR_SET 1003
+#define IDD_MAPPING 1004
+#define IDD_IMAGE_SOURCE 1005
+#define IDD_ISOLINE_PATTERN 1006
+#define IDD_STRIPE 1007
+#define IDD_COLOR_SLIDER 1012

@@ -1,0 +1,28 @@
+#!/usr/bin/env bash
+# The main job: builds what is missing and opens the remote control in the
+# demo host. Without a display it runs under a virtual one, saves a
+# screenshot of the screen and prints its path.
+set -euo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
+ensure_tools
+build_windows >/dev/null
+host="$build/windows/bin/VellDemoHost.exe"
+
+if [ -n "${DISPLAY:-}" ] && [ "${VELL_XVFB:-0}" != 1 ]; then
+  "$root/scripts/wine-prefix.sh"
+  exec "$root/scripts/with-display.sh" "$root/scripts/wine-run.sh" "$host"
+fi
+
+shot="${VELL_SCREENSHOT:-$build/remote-control.png}"
+run_and_shoot() {
+  "$root/scripts/wine-prefix.sh"
+  (cd "$(dirname "$host")" && "$root/scripts/wine-run.sh" "$host" --quit-after 15000) &
+  local pid=$!
+  sleep "${VELL_SHOT_DELAY:-6}"
+  import -window root "$shot"
+  wait "$pid"
+}
+export -f run_and_shoot
+export host shot root
+"$root/scripts/with-display.sh" bash -c run_and_shoot
+echo "Screenshot saved: $shot"

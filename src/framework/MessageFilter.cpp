@@ -1,0 +1,59 @@
+#include "MessageFilter.h"
+
+#include "Dialog.h"
+
+namespace {
+
+HHOOK g_hook = nullptr;
+int g_users = 0;
+
+LRESULT CALLBACK GetMessageHook(int code, WPARAM wParam, LPARAM lParam) {
+    if (code == HC_ACTION && wParam == PM_REMOVE) {
+        MSG* msg = reinterpret_cast<MSG*>(lParam);
+        try {
+            if (MessageFilter::Filter(msg)) {
+                msg->message = WM_NULL;
+                msg->wParam = 0;
+                msg->lParam = 0;
+            }
+        } catch (...) {
+            // Let the message through untouched rather than unwind into user32.
+        }
+    }
+    return CallNextHookEx(g_hook, code, wParam, lParam);
+}
+
+}  // namespace
+
+namespace MessageFilter {
+
+void Attach() {
+    if (g_users++ == 0) {
+        g_hook = SetWindowsHookExW(WH_GETMESSAGE, GetMessageHook, nullptr, GetCurrentThreadId());
+    }
+}
+
+void Detach() {
+    if (g_users == 0) return;
+    if (--g_users == 0 && g_hook != nullptr) {
+        UnhookWindowsHookEx(g_hook);
+        g_hook = nullptr;
+    }
+}
+
+bool Filter(MSG* msg) {
+    Dialog* top = nullptr;
+    for (HWND h = msg->hwnd; h != nullptr;) {
+        if (Dialog* dialog = Dialog::FromWindow(h)) {
+            if (dialog->PreTranslateMessage(msg)) return true;
+            top = dialog;
+        }
+        if ((GetWindowLongW(h, GWL_STYLE) & WS_CHILD) == 0) break;
+        h = GetParent(h);
+    }
+    // Modal dialogs run the system's loop, which does this already.
+    if (top != nullptr && !top->IsModal() && IsDialogMessageW(top->hwnd(), msg)) return true;
+    return false;
+}
+
+}  // namespace MessageFilter

@@ -1,0 +1,81 @@
+// Helpers for the Windows tests: a real host window that records the
+// notifications it receives, message pumping, the remote control's window,
+// a watcher that reads and answers system dialogs, and the settings file.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+#include "vellcolor/VellColor.h"
+
+const UINT kNotifyMessage = WM_APP + 0x300;
+
+class TestHost {
+public:
+    struct Notification {
+        std::string name;
+        WPARAM wParam;
+    };
+
+    // Records the notifications that arrive with `message`.
+    explicit TestHost(UINT message = kNotifyMessage);
+    ~TestHost();
+    TestHost(const TestHost&) = delete;
+    TestHost& operator=(const TestHost&) = delete;
+
+    CWnd* window() { return AsHostWindow(&layout_); }
+    HWND hwnd() const { return layout_.m_hWnd; }
+    const std::vector<Notification>& received() const { return received_; }
+    void Clear() { received_.clear(); }
+
+private:
+    static LRESULT CALLBACK Proc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam);
+    VellHostWindow layout_ = {};
+    UINT message_;
+    std::vector<Notification> received_;
+};
+
+// Runs an ordinary GetMessage/TranslateMessage/DispatchMessage loop until
+// every message already queued (and whatever they cause) has been handled.
+void PumpMessages();
+
+// The remote control windows of this thread.
+std::vector<HWND> RemoteControls();
+HWND RemoteControl();
+
+// BM_CLICK on control `id` of `dialog`.
+void Click(HWND dialog, int id);
+
+std::wstring WindowText(HWND hwnd);
+
+// While alive, answers every system dialog (message box, color chooser...)
+// that this thread shows: records its caption and text and presses
+// `buttonId`. It runs from a thread timer, inside the dialog's own loop.
+class SystemDialogWatcher {
+public:
+    struct Seen {
+        std::wstring caption;
+        std::wstring text;
+        HWND owner;
+    };
+
+    explicit SystemDialogWatcher(int buttonId = IDOK);
+    ~SystemDialogWatcher();
+
+    const std::vector<Seen>& seen() const { return seen_; }
+
+private:
+    static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD);
+    int buttonId_;
+    UINT_PTR timer_;
+    std::vector<Seen> seen_;
+    std::vector<HWND> answered_;
+};
+
+// "PXColor.ini" beside the test program, as the library finds it.
+std::wstring SettingsPath();
+void RemoveSettings();
+void WriteSettings(const std::string& content);
+std::string ReadSettings();

@@ -1,0 +1,110 @@
+// The demo host: a small Win32 program that loads VellColor.dll as a drawing
+// program would, opens the remote control and lists every notification it
+// receives. "--quit-after MS" closes it by itself (for screenshots).
+#include <windows.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cwchar>
+#include <string>
+
+#include "vellcolor/VellColor.h"
+
+namespace {
+
+const UINT kNotifyMessage = WM_APP + 0x200;
+const UINT_PTR kQuitTimer = 1;
+const int kListId = 100;
+
+// Stands in for the host framework's window object: the library reads the
+// window handle at offset 0x1C.
+VellHostWindow g_hostWindow = {};
+HWND g_list = nullptr;
+
+void AddLine(const std::wstring& line) {
+    const LRESULT index = SendMessageW(g_list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(line.c_str()));
+    SendMessageW(g_list, LB_SETCURSEL, static_cast<WPARAM>(index), 0);
+}
+
+void OnNotification(WPARAM wParam, LPARAM lParam) {
+    // The name is only valid during this call; copy it.
+    const std::string name(reinterpret_cast<const char*>(lParam));
+    wchar_t line[160];
+    std::swprintf(line, 160, L"notification: \"%hs\"  (wParam %u)", name.c_str(),
+                  static_cast<unsigned>(wParam));
+    AddLine(line);
+}
+
+LRESULT CALLBACK HostProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
+    switch (msg) {
+        case WM_CREATE:
+            g_list = CreateWindowExW(WS_EX_CLIENTEDGE, L"LISTBOX", nullptr,
+                                     WS_CHILD | WS_VISIBLE | WS_VSCROLL | LBS_NOINTEGRALHEIGHT, 0,
+                                     0, 0, 0, hwnd, reinterpret_cast<HMENU>(kListId), nullptr,
+                                     nullptr);
+            SendMessageW(g_list, WM_SETFONT,
+                         reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), TRUE);
+            return 0;
+        case WM_SIZE:
+            MoveWindow(g_list, 0, 0, LOWORD(lParam), HIWORD(lParam), TRUE);
+            return 0;
+        case WM_TIMER:
+            if (wParam == kQuitTimer) DestroyWindow(hwnd);
+            return 0;
+        case WM_DESTROY:
+            PXColor_Close();
+            PostQuitMessage(0);
+            return 0;
+        default:
+            if (msg == kNotifyMessage) {
+                OnNotification(wParam, lParam);
+                return 0;
+            }
+            return DefWindowProcW(hwnd, msg, wParam, lParam);
+    }
+}
+
+int QuitAfterMilliseconds() {
+    int argc = 0;
+    LPWSTR* argv = CommandLineToArgvW(GetCommandLineW(), &argc);
+    int ms = 0;
+    for (int i = 1; argv != nullptr && i + 1 < argc; ++i) {
+        if (std::wcscmp(argv[i], L"--quit-after") == 0) ms = _wtoi(argv[i + 1]);
+    }
+    LocalFree(argv);
+    return ms;
+}
+
+}  // namespace
+
+int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, LPWSTR, int show) {
+    WNDCLASSW wc = {};
+    wc.lpfnWndProc = HostProc;
+    wc.hInstance = instance;
+    wc.hCursor = LoadCursor(nullptr, IDC_ARROW);
+    wc.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
+    wc.lpszClassName = L"VellDemoHost";
+    RegisterClassW(&wc);
+
+    HWND hwnd = CreateWindowW(L"VellDemoHost", L"VellColor demo host", WS_OVERLAPPEDWINDOW, 420, 40,
+                              520, 420, nullptr, nullptr, instance, nullptr);
+    if (hwnd == nullptr) return 1;
+    g_hostWindow.m_hWnd = hwnd;
+    ShowWindow(hwnd, show);
+
+    if (!PXColor_Open(AsHostWindow(&g_hostWindow), kNotifyMessage)) {
+        MessageBoxW(hwnd, L"The remote control could not be opened.", L"VellColor demo host", MB_OK);
+        DestroyWindow(hwnd);
+    } else {
+        PXColor_ShowWindow(SW_SHOWNORMAL);
+        AddLine(L"Remote control open. Press 更新 or the space bar in it.");
+    }
+    if (const int ms = QuitAfterMilliseconds()) SetTimer(hwnd, kQuitTimer, ms, nullptr);
+
+    MSG msg;
+    while (GetMessageW(&msg, nullptr, 0, 0) > 0) {
+        TranslateMessage(&msg);
+        DispatchMessageW(&msg);
+    }
+    return 0;
+}
