@@ -40,6 +40,10 @@ public:
     // occupies `size` bytes at `dib`. Nothing outside that range is read.
     int SetFromPackedDIB(const unsigned char* dib, std::size_t size);
 
+private:
+    int Allocate(int width, int height, int bytesPerPixel, int paletteCount, bool zeroPixels);
+
+public:
     char* name;
     int width;
     int height;

@@ -156,14 +156,17 @@ void BitmapImage::Clear() {
     pixelBytes = 0;
 }
 
-int BitmapImage::Create(int w, int h, int bpp, int colors) {
+int BitmapImage::Create(int w, int h, int bpp, int colors) { return Allocate(w, h, bpp, colors, true); }
+
+int BitmapImage::Allocate(int w, int h, int bpp, int colors, bool zeroPixels) {
     Clear();
     if (w < 0 || h < 0 || bpp < 0 || colors < 0) return kErrorInvalidParameter;
     const std::uint64_t rowBytes = (static_cast<std::uint64_t>(w) * bpp + 3) / 4 * 4;
     const std::uint64_t total = rowBytes * static_cast<std::uint64_t>(h);
     if (rowBytes > 0x7FFFFFFF || total > 0xFFFFFFFFull) return kErrorOutOfMemory;
     if (total > 0) {
-        pixels = static_cast<unsigned char*>(std::calloc(static_cast<std::size_t>(total), 1));
+        const std::size_t bytes = static_cast<std::size_t>(total);
+        pixels = static_cast<unsigned char*>(zeroPixels ? std::calloc(bytes, 1) : std::malloc(bytes));
         if (pixels == nullptr) return kErrorOutOfMemory;
     }
     if (colors > 0) {
@@ -241,7 +244,8 @@ int BitmapImage::ConvertTo24Bit() {
     const int indexStride = stride;
     pixels = nullptr;
     palette = nullptr;
-    const int created = Create(width, height, 3, 0);
+    // Every byte is written below, padding included: no need to zero first.
+    const int created = Allocate(width, height, 3, 0, false);
     if (created == kOk) {
         // Palette entries are red, green, blue; pixels want blue, green, red.
         // Indexes beyond the palette come out black.
@@ -251,10 +255,12 @@ int BitmapImage::ConvertTo24Bit() {
             lookup[i][1] = colors[3 * i + 1];
             lookup[i][2] = colors[3 * i + 0];
         }
+        const std::size_t rowBytes = static_cast<std::size_t>(width) * 3;
         for (int y = 0; y < height; ++y) {
             const unsigned char* source = indexes + static_cast<std::size_t>(y) * indexStride;
             unsigned char* target = pixels + static_cast<std::size_t>(y) * stride;
             for (int x = 0; x < width; ++x, target += 3) std::memcpy(target, lookup[source[x]], 3);
+            std::memset(target, 0, stride - rowBytes);
         }
     }
     std::free(indexes);
@@ -276,6 +282,8 @@ int BitmapImage::LoadFile(const char* path) {
     if (read != kOk) return read;
     const std::size_t length = file.size() - kFileHeaderSize;
     if (length < kFileHeaderSize || file[0] != 'B' || file[1] != 'M') return kErrorFileRead;
+    // Not even the DIB header's size field is in the file.
+    if (length < kFileHeaderSize + 4) return kErrorFileRead;
     return SetFromPackedDIB(file.data() + kFileHeaderSize, length);
 }
 

@@ -11,7 +11,7 @@ int ReadWholeFile(const char* path, std::size_t zeroTail, std::vector<unsigned c
         if (length >= 0 && std::fseek(file, 0, SEEK_SET) == 0) {
             bytes->assign(static_cast<std::size_t>(length) + zeroTail, 0);
             const std::size_t want = static_cast<std::size_t>(length);
-            if (std::fread(bytes->data(), 1, want, file) == want) result = kOk;
+            if (want == 0 || std::fread(bytes->data(), 1, want, file) == want) result = kOk;
         }
     }
     std::fclose(file);

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-struct BmpSpec {
+struct BmpLayout {
     int width = 1;
     int height = 1;  // negative: top-down
     int bitCount = 24;
@@ -21,7 +21,7 @@ struct BmpSpec {
 };
 
 // The whole file: 14-byte file header, DIB header, masks, color table, rows.
-std::vector<std::uint8_t> MakeBmp(const BmpSpec& spec);
+std::vector<std::uint8_t> MakeBmp(const BmpLayout& layout);
 
 // The packed DIB that the loader builds from a file: everything after the
 // file header, then 14 zero bytes.

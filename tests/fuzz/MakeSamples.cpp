@@ -1,0 +1,68 @@
+// Writes the fuzzers' seed corpora: packed DIBs of every accepted depth and
+// a few refused ones, and paths with the splitter's odd cases.
+#include <sys/stat.h>
+
+#include <string>
+#include <vector>
+
+#include "BmpWriter.h"
+
+namespace {
+
+void Dib(const std::string& dir, const std::string& name, const BmpLayout& layout) {
+    WriteFile(dir + "/" + name, DibBlockOf(MakeBmp(layout)));
+}
+
+std::uint8_t Pattern(int x, int row, int byte) { return static_cast<std::uint8_t>(x * 31 + row * 17 + byte); }
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc < 2) return 2;
+    const std::string root = argv[1];
+    const std::string dibs = root + "/dib_reader";
+    const std::string paths = root + "/path_splitter";
+    mkdir(root.c_str(), 0755);
+    mkdir(dibs.c_str(), 0755);
+    mkdir(paths.c_str(), 0755);
+
+    BmpLayout layout;
+    layout.width = 5;
+    layout.height = 3;
+    layout.pixel = Pattern;
+    Dib(dibs, "rgb24", layout);
+    layout.height = -3;
+    Dib(dibs, "rgb24-topdown", layout);
+    layout.height = 3;
+    layout.bitCount = 8;
+    layout.colorsUsed = 16;
+    layout.palette.assign(16, 0x123456);
+    Dib(dibs, "indexed8", layout);
+    layout.palette.clear();
+    layout.colorsUsed = 0;
+    layout.bitCount = 16;
+    Dib(dibs, "rgb555", layout);
+    layout.compression = 3;
+    layout.masks = {0xF800, 0x07E0, 0x001F};
+    Dib(dibs, "rgb565", layout);
+    layout.bitCount = 32;
+    layout.masks = {0xFF0000, 0xFF00, 0xFF};
+    Dib(dibs, "bitfields32", layout);
+    layout.compression = 0;
+    layout.masks.clear();
+    Dib(dibs, "rgb32", layout);
+    layout.bitCount = 4;
+    Dib(dibs, "refused4", layout);
+    layout.bitCount = 24;
+    layout.headerSize = 12;
+    Dib(dibs, "core-header", layout);
+
+    const std::vector<std::string> samples = {
+        "C:/pics/sky.bmp", "C:\\pics\\sky.BMP", "sky", "C:/pics/", "C:/pics/.bmp", "name.",
+        "C:/data.old/image", "/sky.bmp", "\\\\server\\share\\a.b.c", ""};
+    for (std::size_t i = 0; i < samples.size(); ++i) {
+        WriteFile(paths + "/path" + std::to_string(i),
+                  std::vector<std::uint8_t>(samples[i].begin(), samples[i].end()));
+    }
+    return 0;
+}
