@@ -307,15 +307,15 @@ int BitmapImage::SetFromPackedDIB(const unsigned char* dib, std::size_t size) {
     const bool skipMasks = info.bitCount == 32 || info.compression == 3;
     const std::uint64_t rowsStart = info.pixelOffset + (skipMasks ? kBitFieldMasksSize : 0);
     const std::uint64_t wholeRows = info.sourceStride * info.rows;
-    std::uint64_t needed = rowsStart + wholeRows;
+    // Every row must be there, whatever the header claims, so that a few
+    // bytes can never ask for a large picture.
+    const std::uint64_t needed = rowsStart + wholeRows;
     std::uint64_t copyBytes = wholeRows;
     if (info.bitCount == 8 || info.bitCount == 24) {
         // These are copied in one piece of the header's image size, which is
         // never allowed to run past our own pixel buffer.
         const std::uint64_t declared = info.sizeImage != 0 ? info.sizeImage : wholeRows;
-        copyBytes = std::min<std::uint64_t>(declared, RowBytes(info.width, info.bitCount) *
-                                                          info.rows);
-        needed = rowsStart + copyBytes;
+        copyBytes = std::min(declared, wholeRows);
     }
     if (needed > size) return kErrorFileRead;
 

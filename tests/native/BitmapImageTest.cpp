@@ -3,6 +3,7 @@
 // quirks that well-formed files still go through.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <string>
 
@@ -227,6 +228,16 @@ TEST(BitmapImageTest, ShortOrForeignFilesCannotBeRead) {
         std::vector<std::uint8_t> stub(good.begin(), good.begin() + keep);
         EXPECT_EQ(LoadBytes(&image, stub), kErrorFileRead) << keep;
     }
+    // A small image size in the header does not excuse missing rows: a few
+    // bytes never make us allocate a large picture.
+    std::vector<std::uint8_t> tiny = MakeBmp(BmpLayout());
+    const std::uint32_t side = 8000;
+    for (int i = 0; i < 4; ++i) {
+        tiny[18 + i] = tiny[22 + i] = static_cast<std::uint8_t>(side >> (8 * i));
+        tiny[34 + i] = i == 0 ? 1 : 0;  // image size
+    }
+    EXPECT_EQ(LoadBytes(&image, tiny), kErrorFileRead);
+    EXPECT_EQ(image.pixels, nullptr);
     // A color table that runs past the file.
     BmpLayout palette;
     palette.bitCount = 8;
