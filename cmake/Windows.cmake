@@ -14,10 +14,14 @@ add_library(vellwin OBJECT
   src/framework/Dialog.cpp
   src/framework/MessageFilter.cpp
   src/framework/ModuleInstance.cpp
+  src/framework/ScrollBars.cpp
   src/framework/SystemDialogs.cpp
   src/dialog/CDlgColor.cpp
   src/dialog/SettingsFile.cpp
   src/dialog/ShowErrorMessage.cpp
+  src/panels/CDlgColorSet.cpp
+  src/panels/CDlgColorSlider.cpp
+  src/panels/ColorLabelPainter.cpp
   src/panels/Panels.cpp
 )
 target_include_directories(vellwin PUBLIC include src resources)
@@ -30,7 +34,7 @@ add_library(VellColor SHARED
 )
 set_target_properties(VellColor PROPERTIES PREFIX "" OUTPUT_NAME VellColor)
 target_include_directories(VellColor PRIVATE include src resources)
-target_link_libraries(VellColor PRIVATE vellwin vellcore comctl32 gdi32 user32)
+target_link_libraries(VellColor PRIVATE vellwin vellcore comctl32 comdlg32 gdi32 user32)
 target_compile_definitions(VellColor PRIVATE VELLCOLOR_BUILDING_DLL)
 # Undecorated __stdcall names in the export table.
 target_link_options(VellColor PRIVATE -Wl,--kill-at)
@@ -82,7 +86,8 @@ vell_dll_test(win_layout_tests tests/windows/LayoutTest.cpp)
 
 # Programs that link the Win32 layer itself, for what the DLL does not export.
 add_executable(win_internal_tests tests/windows/ErrorMessageTest.cpp)
-target_link_libraries(win_internal_tests PRIVATE vell_wintest_support vellwin vellcore gtest_main)
+target_link_libraries(win_internal_tests PRIVATE vell_wintest_support vellwin vellcore gtest_main
+                                                 comctl32 comdlg32)
 target_link_options(win_internal_tests PRIVATE -static)
 add_test(NAME win_internal_tests COMMAND win_internal_tests)
 

@@ -1,14 +1,24 @@
 #include "CDlgColor.h"
 
+#include <commctrl.h>
+
 #include <cstring>
+#include <cwchar>
 #include <string>
+#include <vector>
 
 #include "HostWindow.h"
 #include "PrivateMessages.h"
 #include "ResourceIds.h"
 #include "SettingsFile.h"
 #include "framework/SystemDialogs.h"
+#include "panels/CDlgColorSet.h"
 #include "panels/Panels.h"
+#include "params/ColorSetText.h"
+#include "vellcolor/KTEffectDensityPattern.h"
+#include "vellcolor/KTEffectGradation.h"
+#include "vellcolor/KTEffectStripe.h"
+#include "vellcolor/KTEffectTile.h"
 
 namespace {
 
@@ -35,6 +45,25 @@ const int kAllPanels[] = {IDD_GRADATION,    IDD_TILE,      IDD_STRIPE,      IDD_
                           IDD_MAPPING,      IDD_COLOR_SET, IDD_IMAGE_SOURCE};
 
 const wchar_t kWindowSection[] = L"Window";
+const wchar_t kColorTableSection[] = L"ColorTable";
+
+std::wstring ColorSetKey(int index) {
+    wchar_t key[32];
+    swprintf(key, 32, L"ColorSet%03d", index);
+    return key;
+}
+
+// Hands the color set panel's colors, in order, to a parameter object's
+// SetColors. Its result is not looked at: a refused list leaves the
+// object's previous colors.
+template <typename Parameters>
+void CopyPanelColors(Parameters& parameters) {
+    CDlgColorSet& panel = ColorSetPanel();
+    const int count = panel.GetColorCount();
+    std::vector<ColorRGB> colors(count > 0 ? count : 0);
+    for (int i = 0; i < count; ++i) panel.GetColor(i, &colors[i].red, &colors[i].green, &colors[i].blue);
+    parameters.SetColors(count, colors.data());
+}
 
 void ShowPanel(int templateId, int command) {
     if (Dialog* panel = PanelByTemplate(templateId)) {
@@ -72,7 +101,11 @@ CDlgColor::~CDlgColor() {
     DestroyWindow();
 }
 
-BOOL CDlgColor::Create() { return CreateModeless(HostWindowHandle(m_pParent)) ? TRUE : FALSE; }
+BOOL CDlgColor::Create() {
+    INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_UPDOWN_CLASS | ICC_STANDARD_CLASSES};
+    InitCommonControlsEx(&controls);
+    return CreateModeless(HostWindowHandle(m_pParent)) ? TRUE : FALSE;
+}
 
 BOOL CDlgColor::OnInitDialog() {
     Dialog::OnInitDialog();
@@ -100,36 +133,50 @@ void CDlgColor::PlacePanels() {
 void CDlgColor::ChangeSubDlg(int nPanelTemplateId) {
     for (int id : kAllPanels) ShowPanel(id, SW_HIDE);
 
+    // Each effect's caption, and the color counts it can use (0: it takes
+    // an image instead of colors).
     const wchar_t* caption = nullptr;
-    int lowerPanel = IDD_COLOR_SET;
+    int minColors = 2;
     switch (nPanelTemplateId) {
         case IDD_GRADATION: caption = L"ｸﾞﾗﾃﾞｰｼｮﾝ"; break;
         case IDD_TILE: caption = L"ﾀｲﾙ"; break;
-        case IDD_STRIPE: caption = L"縞模様"; break;
-        case IDD_ISOLINE_PATTERN: caption = L"等値線模様"; break;
+        case IDD_STRIPE:
+            caption = L"縞模様";
+            minColors = 1;
+            break;
+        case IDD_ISOLINE_PATTERN:
+            caption = L"等値線模様";
+            minColors = 1;
+            break;
         case IDD_MAPPING:
             caption = L"画像貼り付け";
-            lowerPanel = IDD_IMAGE_SOURCE;
+            minColors = 0;
             break;
         default: break;
     }
     if (caption != nullptr) {
         ShowPanel(nPanelTemplateId, SW_SHOW);
         SetDlgItemTextW(hwnd(), IDC_EFFECT_FRAME, caption);
-        ShowPanel(lowerPanel, SW_SHOW);
+        if (minColors == 0) {
+            ShowPanel(IDD_IMAGE_SOURCE, SW_SHOW);
+        } else {
+            ShowPanel(IDD_COLOR_SET, SW_SHOW);
+            CDlgColorSet& colors = ColorSetPanel();
+            colors.SetColorCountRange(minColors, colors.GetMaxColorCount());
+        }
     }
     InvalidateRect(hwnd(), nullptr, TRUE);
 }
 
-void CDlgColor::GetEffect(KTEffectGradation&) {
-    // Filled by the gradation and color set panels once they are built.
-}
+// The colors come from the color set panel whatever the chosen effect;
+// each effect panel writes its own values first once it is built.
+void CDlgColor::GetEffect(KTEffectGradation& gradation) { CopyPanelColors(gradation); }
 
-void CDlgColor::GetEffect(KTEffectTile&) {}
+void CDlgColor::GetEffect(KTEffectTile& tile) { CopyPanelColors(tile); }
 
-void CDlgColor::GetEffect(KTEffectStripe&) {}
+void CDlgColor::GetEffect(KTEffectStripe& stripe) { CopyPanelColors(stripe); }
 
-void CDlgColor::GetEffect(KTEffectDensityPattern&) {}
+void CDlgColor::GetEffect(KTEffectDensityPattern& pattern) { CopyPanelColors(pattern); }
 
 void CDlgColor::GetMapping(KTMapping&, float&, float&) {
     // Without an image source there is never an image, so nothing changes.
@@ -229,8 +276,8 @@ LONG CDlgColor::OnSubDialogKeyDown(UINT, LONG lParam) {
     return 0;
 }
 
-LONG CDlgColor::OnOperateColorPanel(UINT, LONG) {
-    // Sets the color set panel's count once that panel is built.
+LONG CDlgColor::OnOperateColorPanel(UINT wParam, LONG lParam) {
+    if (wParam == 0) ColorSetPanel().SetColorCount(lParam < 7 ? lParam : 7);
     return 0;
 }
 
@@ -277,6 +324,18 @@ void CDlgColor::LoadParameter() {
         ShowWindow(hwnd(), SW_SHOWMINIMIZED);
         ShowWindow(hwnd(), SW_HIDE);
     }
+
+    CDlgColorSet& colors = ColorSetPanel();
+    ColorSetList* sets = colors.GetColorSetList();
+    if (sets == nullptr) return;
+    sets->removeAll();
+    // Sets found are appended in key order, so gaps close on the next save.
+    ColorSetRecord working;
+    for (int i = 0; i < colors.GetMaxColorSetCount(); ++i) {
+        const std::string value = settings.ReadString(kColorTableSection, ColorSetKey(i).c_str(), 512);
+        if (!value.empty() && ParseColorSet(value, &working)) sets->insertAfter(sets->count() - 1, working);
+    }
+    colors.RefillColorSetCombo(0);
 }
 
 void CDlgColor::SaveParameter() {
@@ -290,4 +349,9 @@ void CDlgColor::SaveParameter() {
     settings.Write(kWindowSection, L"Left", number(placement.rcNormalPosition.left));
     settings.Write(kWindowSection, L"Display",
                    placement.showCmd == SW_SHOWMINIMIZED ? "0" : "1");
+
+    const ColorSetList* sets = ColorSetPanel().GetColorSetList();
+    for (int i = 0; sets != nullptr && i < sets->count(); ++i) {
+        settings.Write(kColorTableSection, ColorSetKey(i).c_str(), FormatColorSet(*sets->item(i)));
+    }
 }

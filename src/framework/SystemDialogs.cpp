@@ -1,5 +1,7 @@
 #include "SystemDialogs.h"
 
+#include <commdlg.h>
+
 #include <vector>
 
 #include "WideText.h"
@@ -24,9 +26,28 @@ std::wstring HostProgramName() {
     return Widen(base);
 }
 
-void ShowMessage(HWND owner, const std::string& utf8Text) {
-    const std::wstring caption = HostProgramName();
-    MessageBoxW(owner, Widen(utf8Text).c_str(), caption.empty() ? nullptr : caption.c_str(), MB_OK);
+void ShowMessage(HWND owner, const std::string& utf8Text, Caption caption) {
+    const std::wstring name = caption == Caption::HostProgram ? HostProgramName() : std::wstring();
+    MessageBoxW(owner, Widen(utf8Text).c_str(), name.empty() ? nullptr : name.c_str(), MB_OK);
+}
+
+bool PickColor(HWND owner, COLORREF initial, COLORREF* chosen) {
+    // The chooser's sixteen custom colors last as long as the library.
+    static COLORREF customColors[16] = {};
+    CHOOSECOLORW choose = {};
+    choose.lStructSize = sizeof choose;
+    choose.hwndOwner = owner;
+    choose.rgbResult = initial;
+    choose.lpCustColors = customColors;
+    choose.Flags = CC_FULLOPEN | CC_RGBINIT;
+    if (!ChooseColorW(&choose)) return false;
+    *chosen = choose.rgbResult;
+    return true;
+}
+
+UINT TrackMenu(HWND owner, HMENU menu, POINT screen) {
+    return static_cast<UINT>(TrackPopupMenu(menu, TPM_RIGHTBUTTON | TPM_RETURNCMD, screen.x,
+                                            screen.y, 0, owner, nullptr));
 }
 
 }  // namespace SystemDialogs

@@ -7,9 +7,21 @@
 
 namespace SystemDialogs {
 
-// An OK-only message box owned by `owner`, captioned with the host
-// program's name as a framework application would be.
-void ShowMessage(HWND owner, const std::string& utf8Text);
+enum class Caption {
+    HostProgram,  // the host program's name, as a framework application's own boxes have
+    System,       // none of our own: the system's default
+};
+
+// An OK-only message box owned by `owner`.
+void ShowMessage(HWND owner, const std::string& utf8Text, Caption caption = Caption::HostProgram);
+
+// The system color chooser, fully open, starting at `initial`; false when
+// the user cancels.
+bool PickColor(HWND owner, COLORREF initial, COLORREF* chosen);
+
+// A popup menu at a screen point; the chosen command id, or 0 when the
+// menu is dismissed.
+UINT TrackMenu(HWND owner, HMENU menu, POINT screen);
 
 // The host program's name: its executable's base name.
 std::wstring HostProgramName();

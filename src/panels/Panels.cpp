@@ -1,8 +1,17 @@
 #include "Panels.h"
 
-#include "framework/Dialog.h"
+#include "CDlgColorSet.h"
+#include "ResourceIds.h"
 
-Dialog* PanelByTemplate(int) {
-    // No panel is built into the library yet: the frames stay empty.
-    return nullptr;
+namespace {
+CDlgColorSet g_dlgColorSet;
+}
+
+CDlgColorSet& ColorSetPanel() { return g_dlgColorSet; }
+
+Dialog* PanelByTemplate(int templateId) {
+    switch (templateId) {
+        case IDD_COLOR_SET: return &g_dlgColorSet;
+        default: return nullptr;  // the effect panels and the image source are not built yet
+    }
 }

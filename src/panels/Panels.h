@@ -1,9 +1,12 @@
 // The seven panel dialogs are module-level objects, one of each, alive from
-// load to unload; the main dialog creates and destroys their windows. A
-// panel is found by its template id.
+// load to unload; the main dialog creates and destroys their windows.
 #pragma once
 
 class Dialog;
+class CDlgColorSet;
 
-// Null for a template that has no panel in this build.
+// The panel of a template, or null for a template that has no panel in
+// this build.
 Dialog* PanelByTemplate(int templateId);
+
+CDlgColorSet& ColorSetPanel();
