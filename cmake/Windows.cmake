@@ -83,9 +83,13 @@ vell_dll_test(win_module_tests tests/windows/ModuleTest.cpp tests/windows/Dialog
 vell_dll_test(win_notification_tests tests/windows/NotificationTest.cpp)
 vell_dll_test(win_settings_tests tests/windows/SettingsTest.cpp)
 vell_dll_test(win_layout_tests tests/windows/LayoutTest.cpp)
+vell_dll_test(win_color_set_tests tests/windows/ColorSetPanelTest.cpp)
 
 # Programs that link the Win32 layer itself, for what the DLL does not export.
-add_executable(win_internal_tests tests/windows/ErrorMessageTest.cpp)
+add_executable(win_internal_tests tests/windows/ErrorMessageTest.cpp
+                                  tests/windows/ColorSetCurrentSlotTest.cpp resources/VellColor.rc)
+set_source_files_properties(resources/VellColor.rc PROPERTIES
+  COMPILE_FLAGS "-I${CMAKE_SOURCE_DIR}/resources -c 65001")
 target_link_libraries(win_internal_tests PRIVATE vell_wintest_support vellwin vellcore gtest_main
                                                  comctl32 comdlg32)
 target_link_options(win_internal_tests PRIVATE -static)
@@ -93,4 +97,5 @@ add_test(NAME win_internal_tests COMMAND win_internal_tests)
 
 # Windows tests share one display and the settings file beside them.
 set_tests_properties(win_module_tests win_notification_tests win_settings_tests
-                     win_layout_tests win_internal_tests PROPERTIES RUN_SERIAL TRUE)
+                     win_layout_tests win_internal_tests win_color_set_tests
+                     PROPERTIES RUN_SERIAL TRUE)

@@ -8,6 +8,7 @@ const wchar_t kHostClass[] = L"VellTestHost";
 const UINT kPumpDone = WM_APP + 0x3FF;
 
 SystemDialogWatcher* g_watcher = nullptr;
+PopupMenuPicker* g_picker = nullptr;
 
 bool IsRemoteControl(HWND hwnd) {
     wchar_t cls[32] = {};
@@ -73,6 +74,20 @@ void PumpMessages() {
     }
 }
 
+bool PumpUntil(const std::function<bool()>& done, DWORD milliseconds) {
+    const DWORD start = GetTickCount();
+    while (!done()) {
+        if (GetTickCount() - start > milliseconds) return false;
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
+        MSG msg;
+        while (PeekMessageW(&msg, nullptr, 0, 0, PM_REMOVE)) {
+            TranslateMessage(&msg);
+            DispatchMessageW(&msg);
+        }
+    }
+    return true;
+}
+
 std::vector<HWND> RemoteControls() {
     std::vector<HWND> found;
     EnumThreadWindows(GetCurrentThreadId(), CollectRemoteControls, reinterpret_cast<LPARAM>(&found));
@@ -97,6 +112,12 @@ SystemDialogWatcher::SystemDialogWatcher(int buttonId) : buttonId_(buttonId) {
     timer_ = SetTimer(nullptr, 0, 30, OnTimer);
 }
 
+SystemDialogWatcher::SystemDialogWatcher(std::function<void(HWND)> action)
+    : buttonId_(IDOK), action_(std::move(action)) {
+    g_watcher = this;
+    timer_ = SetTimer(nullptr, 0, 30, OnTimer);
+}
+
 SystemDialogWatcher::~SystemDialogWatcher() {
     KillTimer(nullptr, timer_);
     g_watcher = nullptr;
@@ -115,10 +136,57 @@ void CALLBACK SystemDialogWatcher::OnTimer(HWND, UINT, UINT_PTR, DWORD) {
         wchar_t text[512] = {};
         GetDlgItemTextW(box, 0xFFFF, text, 512);  // a message box's text
         g_watcher->seen_.push_back({WindowText(box), text, GetWindow(box, GW_OWNER)});
-        PostMessageW(box, WM_COMMAND, MAKEWPARAM(g_watcher->buttonId_, BN_CLICKED),
-                     reinterpret_cast<LPARAM>(GetDlgItem(box, g_watcher->buttonId_)));
+        if (g_watcher->action_) {
+            g_watcher->action_(box);
+        } else {
+            PressDialogButton(box, g_watcher->buttonId_);
+        }
     }
 }
+
+void PressDialogButton(HWND dialog, int id) {
+    PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED),
+                 reinterpret_cast<LPARAM>(GetDlgItem(dialog, id)));
+}
+
+PopupMenuPicker::PopupMenuPicker(int position) : position_(position) {
+    g_picker = this;
+    timer_ = SetTimer(nullptr, 0, 30, OnTimer);
+}
+
+PopupMenuPicker::~PopupMenuPicker() {
+    KillTimer(nullptr, timer_);
+    g_picker = nullptr;
+}
+
+void CALLBACK PopupMenuPicker::OnTimer(HWND, UINT, UINT_PTR, DWORD) {
+    if (g_picker == nullptr || g_picker->seen_) return;
+    HWND menuWindow = FindWindowW(L"#32768", nullptr);
+    if (menuWindow == nullptr || !IsWindowVisible(menuWindow)) return;
+    HMENU menu = reinterpret_cast<HMENU>(SendMessageW(menuWindow, MN_GETHMENU, 0, 0));
+    if (menu == nullptr) return;
+    g_picker->seen_ = true;
+    const int count = GetMenuItemCount(menu);
+    for (int i = 0; i < count; ++i) {
+        wchar_t text[128] = {};
+        GetMenuStringW(menu, i, text, 128, MF_BYPOSITION);
+        const UINT state = GetMenuState(menu, i, MF_BYPOSITION);
+        g_picker->items_.push_back({text, GetMenuItemID(menu, i), (state & MF_CHECKED) != 0});
+    }
+    if (g_picker->position_ < 0) {
+        PostMessageW(menuWindow, WM_KEYDOWN, VK_ESCAPE, 0);
+        return;
+    }
+    // Arrow keys skip separators: count only the items that can be chosen.
+    int steps = 0;
+    for (int i = 0; i <= g_picker->position_ && i < count; ++i) {
+        if (!(GetMenuState(menu, i, MF_BYPOSITION) & MF_SEPARATOR)) ++steps;
+    }
+    for (int i = 0; i < steps; ++i) PostMessageW(menuWindow, WM_KEYDOWN, VK_DOWN, 0);
+    PostMessageW(menuWindow, WM_KEYDOWN, VK_RETURN, 0);
+}
+
+HWND ColorSetPanelOf(HWND remote) { return GetWindow(GetDlgItem(remote, 1027), GW_CHILD); }
 
 std::wstring SettingsPath() {
     wchar_t path[MAX_PATH] = {};

@@ -5,6 +5,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -41,6 +42,10 @@ private:
 // every message already queued (and whatever they cause) has been handled.
 void PumpMessages();
 
+// Keeps dispatching messages, timers included, until `done` answers true or
+// `milliseconds` have passed; returns `done`'s last answer.
+bool PumpUntil(const std::function<bool()>& done, DWORD milliseconds = 3000);
+
 // The remote control windows of this thread.
 std::vector<HWND> RemoteControls();
 HWND RemoteControl();
@@ -62,6 +67,8 @@ public:
     };
 
     explicit SystemDialogWatcher(int buttonId = IDOK);
+    // Runs `action` on each new dialog instead; the action closes it.
+    explicit SystemDialogWatcher(std::function<void(HWND)> action);
     ~SystemDialogWatcher();
 
     const std::vector<Seen>& seen() const { return seen_; }
@@ -69,10 +76,42 @@ public:
 private:
     static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD);
     int buttonId_;
+    std::function<void(HWND)> action_;
     UINT_PTR timer_;
     std::vector<Seen> seen_;
     std::vector<HWND> answered_;
 };
+
+// While alive, answers the first popup menu this thread tracks: records its
+// items and which one is checked, then picks the item at `position`
+// (counting separators too), or dismisses the menu when `position` is -1.
+class PopupMenuPicker {
+public:
+    struct Item {
+        std::wstring text;
+        UINT id;
+        bool checked;
+    };
+
+    explicit PopupMenuPicker(int position);
+    ~PopupMenuPicker();
+
+    const std::vector<Item>& items() const { return items_; }
+    bool seen() const { return seen_; }
+
+private:
+    static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD);
+    int position_;
+    UINT_PTR timer_;
+    bool seen_ = false;
+    std::vector<Item> items_;
+};
+
+// Clicks a button of a dialog the way its own command would arrive.
+void PressDialogButton(HWND dialog, int id);
+
+// The color set panel inside a remote control.
+HWND ColorSetPanelOf(HWND remote);
 
 // "PXColor.ini" beside the test program, as the library finds it.
 std::wstring SettingsPath();
