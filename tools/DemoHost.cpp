@@ -26,6 +26,52 @@ void AddLine(const std::wstring& line) {
     SendMessageW(g_list, LB_SETCURSEL, static_cast<WPARAM>(index), 0);
 }
 
+std::wstring Hex(const ColorRGB& c) {
+    wchar_t text[16];
+    std::swprintf(text, 16, L" #%02X%02X%02X", c.red, c.green, c.blue);
+    return text;
+}
+
+template <typename Color>
+std::wstring ColorList(int count, const Color* colors) {
+    std::wstring text = L"    " + std::to_wstring(count) + L" colors:";
+    for (int i = 0; i < count && colors != nullptr; ++i) text += Hex(colors[i]);
+    return text;
+}
+
+template <>
+std::wstring ColorList(int count, const ColorF* colors) {
+    std::wstring text = L"    " + std::to_wstring(count) + L" colors:";
+    for (int i = 0; i < count && colors != nullptr; ++i) text += Hex(colors[i].ToRGB());
+    return text;
+}
+
+// What a drawing program does next: read the effect's parameters back.
+void ShowParameters(const std::string& name) {
+    if (name == "gradation") {
+        KTEffectGradation gradation;
+        PXColor_GetGradation(gradation);
+        AddLine(ColorList(gradation.colorCount, gradation.colors));
+    } else if (name == "tile") {
+        KTEffectTile tile;
+        PXColor_GetTile(tile);
+        AddLine(ColorList(tile.colorCount, tile.colors));
+    } else if (name == "stripe") {
+        KTEffectStripe stripe;
+        PXColor_GetStripe(stripe);
+        AddLine(ColorList(stripe.colorCount, stripe.colors));
+    } else if (name == "density_pattern") {
+        KTEffectDensityPattern pattern;
+        PXColor_GetDensityPattern(pattern);
+        AddLine(ColorList(pattern.colorCount, pattern.colors));
+    } else if (name == "image_mapping") {
+        KTMapping mapping;
+        float stretchX = 1.0f, stretchY = 1.0f;
+        PXColor_GetMapping(mapping, stretchX, stretchY);
+        AddLine(mapping.image == nullptr ? L"    no image" : L"    an image");
+    }
+}
+
 void OnNotification(WPARAM wParam, LPARAM lParam) {
     // The name is only valid during this call; copy it.
     const std::string name(reinterpret_cast<const char*>(lParam));
@@ -33,6 +79,7 @@ void OnNotification(WPARAM wParam, LPARAM lParam) {
     std::swprintf(line, 160, L"notification: \"%hs\"  (wParam %u)", name.c_str(),
                   static_cast<unsigned>(wParam));
     AddLine(line);
+    ShowParameters(name);
 }
 
 LRESULT CALLBACK HostProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
