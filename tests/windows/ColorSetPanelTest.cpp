@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <string>
 
-#include "WinTestSupport.h"
+#include "RemoteControlTest.h"
 
 namespace {
 
@@ -18,21 +18,14 @@ const UINT kGetPanelColor = WM_APP + 1001;
 const int kCountSpin = 1012;
 const int kSetList = 1038;
 
-class ColorSetPanelTest : public ::testing::Test {
+class ColorSetPanelTest : public RemoteControlTest {
 protected:
     void SetUp() override {
         RemoveSettings();
         Open();
     }
-    void TearDown() override {
-        PXColor_Close();
-        RemoveSettings();
-    }
-
     void Open() {
-        ASSERT_TRUE(PXColor_Open(host.window(), kNotifyMessage));
-        PXColor_ShowWindow(SW_SHOWNORMAL);
-        remote = RemoteControl();
+        RemoteControlTest::Open();
         panel = ColorSetPanelOf(remote);
         ASSERT_NE(panel, nullptr);
     }
@@ -74,8 +67,6 @@ protected:
         ASSERT_TRUE(picker.seen());
     }
 
-    TestHost host;
-    HWND remote = nullptr;
     HWND panel = nullptr;
 };
 

@@ -2,7 +2,7 @@
 // its text and kind, in the dialog's Japanese font.
 #include <gtest/gtest.h>
 
-#include "WinTestSupport.h"
+#include "RemoteControlTest.h"
 
 namespace {
 
@@ -30,26 +30,12 @@ const ControlCase kControls[] = {
     {1008, L"Button", L"ｴｯｼﾞ", BS_PUSHBUTTON, {96, 205, 27, 18}, false},
 };
 
-class DialogTemplateTest : public ::testing::Test {
-protected:
-    void SetUp() override {
-        RemoveSettings();
-        ASSERT_TRUE(PXColor_Open(host.window(), kNotifyMessage));
-        PXColor_ShowWindow(SW_SHOWNORMAL);
-        dialog = RemoteControl();
-    }
-    void TearDown() override {
-        PXColor_Close();
-        RemoveSettings();
-    }
-    TestHost host;
-    HWND dialog = nullptr;
-};
+using DialogTemplateTest = RemoteControlTest;
 
 TEST_F(DialogTemplateTest, ControlsHaveTheirTextKindAndPlace) {
     for (const ControlCase& c : kControls) {
         SCOPED_TRACE(c.id);
-        HWND control = GetDlgItem(dialog, c.id);
+        HWND control = GetDlgItem(remote, c.id);
         ASSERT_NE(control, nullptr);
         wchar_t cls[32] = {};
         GetClassNameW(control, cls, 32);
@@ -62,12 +48,12 @@ TEST_F(DialogTemplateTest, ControlsHaveTheirTextKindAndPlace) {
 
         // The dialog manager converts position and size separately.
         RECT expected = c.units;
-        MapDialogRect(dialog, &expected);
+        MapDialogRect(remote, &expected);
         expected.right += expected.left;
         expected.bottom += expected.top;
         RECT actual;
         GetWindowRect(control, &actual);
-        MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&actual), 2);
+        MapWindowPoints(nullptr, remote, reinterpret_cast<POINT*>(&actual), 2);
         EXPECT_EQ(actual.left, expected.left);
         EXPECT_EQ(actual.top, expected.top);
         EXPECT_EQ(actual.right, expected.right);
@@ -76,27 +62,27 @@ TEST_F(DialogTemplateTest, ControlsHaveTheirTextKindAndPlace) {
 }
 
 TEST_F(DialogTemplateTest, DialogIsACaptionedPopupInTheJapaneseFontWithGradationChosen) {
-    EXPECT_EQ(WindowText(dialog), L"ｶﾗｰﾘﾝｸﾞ ﾘﾓｺﾝ");
-    const LONG style = GetWindowLongW(dialog, GWL_STYLE);
+    EXPECT_EQ(WindowText(remote), L"ｶﾗｰﾘﾝｸﾞ ﾘﾓｺﾝ");
+    const LONG style = GetWindowLongW(remote, GWL_STYLE);
     EXPECT_TRUE(style & WS_POPUP);
     EXPECT_TRUE((style & WS_CAPTION) == WS_CAPTION);
     EXPECT_TRUE(style & WS_SYSMENU);
-    EXPECT_EQ(GetParent(dialog), nullptr);
+    EXPECT_EQ(GetParent(remote), nullptr);
 
     RECT client;
-    GetClientRect(dialog, &client);
+    GetClientRect(remote, &client);
     RECT units = {0, 0, 167, 266};
-    MapDialogRect(dialog, &units);
+    MapDialogRect(remote, &units);
     EXPECT_EQ(client.right, units.right);
     EXPECT_EQ(client.bottom, units.bottom);
 
     LOGFONTW font = {};
-    GetObjectW(reinterpret_cast<HFONT>(SendMessageW(dialog, WM_GETFONT, 0, 0)), sizeof font,
+    GetObjectW(reinterpret_cast<HFONT>(SendMessageW(remote, WM_GETFONT, 0, 0)), sizeof font,
                &font);
     EXPECT_EQ(std::wstring(font.lfFaceName), L"ＭＳ Ｐゴシック");
 
-    EXPECT_EQ(IsDlgButtonChecked(dialog, 1003), BST_CHECKED);
-    EXPECT_EQ(GetDlgItem(dialog, IDOK), nullptr);
+    EXPECT_EQ(IsDlgButtonChecked(remote, 1003), BST_CHECKED);
+    EXPECT_EQ(GetDlgItem(remote, IDOK), nullptr);
 }
 
 }  // namespace

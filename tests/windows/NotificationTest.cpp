@@ -2,28 +2,12 @@
 // dialog, the operation buttons, and the message box when nobody listens.
 #include <gtest/gtest.h>
 
-#include "WinTestSupport.h"
+#include "RemoteControlTest.h"
 #include "dialog/CDlgColor.h"
 
 namespace {
 
-class NotificationTest : public ::testing::Test {
-protected:
-    void SetUp() override {
-        RemoveSettings();
-        ASSERT_TRUE(PXColor_Open(host.window(), kNotifyMessage));
-        PXColor_ShowWindow(SW_SHOWNORMAL);
-        dialog = RemoteControl();
-        ASSERT_NE(dialog, nullptr);
-    }
-    void TearDown() override {
-        PXColor_Close();
-        RemoveSettings();
-    }
-
-    TestHost host;
-    HWND dialog = nullptr;
-};
+using NotificationTest = RemoteControlTest;
 
 struct EffectCase {
     int radio;
@@ -39,12 +23,12 @@ TEST_F(NotificationTest, UpdateSendsTheCheckedEffectAndTheFrameShowsItsName) {
         {1007, "image_mapping", L"画像貼り付け"},
         {1003, "gradation", L"ｸﾞﾗﾃﾞｰｼｮﾝ"},
     };
-    EXPECT_EQ(WindowText(GetDlgItem(dialog, 1002)), L"ｸﾞﾗﾃﾞｰｼｮﾝ");
+    EXPECT_EQ(WindowText(GetDlgItem(remote, 1002)), L"ｸﾞﾗﾃﾞｰｼｮﾝ");
     for (const EffectCase& c : cases) {
         host.Clear();
-        Click(dialog, c.radio);
-        EXPECT_EQ(WindowText(GetDlgItem(dialog, 1002)), c.caption);
-        Click(dialog, 1000);
+        Click(remote, c.radio);
+        EXPECT_EQ(WindowText(GetDlgItem(remote, 1002)), c.caption);
+        Click(remote, 1000);
         ASSERT_EQ(host.received().size(), 1u) << c.name;
         EXPECT_EQ(host.received()[0].name, c.name);
         EXPECT_EQ(host.received()[0].wParam, strlen(c.name) + 1);
@@ -52,47 +36,47 @@ TEST_F(NotificationTest, UpdateSendsTheCheckedEffectAndTheFrameShowsItsName) {
 }
 
 TEST_F(NotificationTest, UpdateWithNoEffectCheckedSendsAnEmptyName) {
-    for (int radio : {1003, 1006, 1010, 1009, 1007}) CheckDlgButton(dialog, radio, BST_UNCHECKED);
-    Click(dialog, 1000);
+    for (int radio : {1003, 1006, 1010, 1009, 1007}) CheckDlgButton(remote, radio, BST_UNCHECKED);
+    Click(remote, 1000);
     ASSERT_EQ(host.received().size(), 1u);
     EXPECT_EQ(host.received()[0].name, "");
     EXPECT_EQ(host.received()[0].wParam, 1u);
 }
 
 TEST_F(NotificationTest, SpaceBarAnywhereInTheDialogUpdatesOnce) {
-    Click(dialog, 1009);
+    Click(remote, 1009);
     // A key press as the keyboard would queue it, for several controls,
     // the default button among them (which must not also click).
     for (int target : {1009, 1003, 1000, 1005}) {
         host.Clear();
-        SetFocus(GetDlgItem(dialog, target));
-        PostMessageW(GetDlgItem(dialog, target), WM_KEYDOWN, VK_SPACE, 0x00390001);
-        PostMessageW(GetDlgItem(dialog, target), WM_KEYUP, VK_SPACE, 0xC0390001);
+        SetFocus(GetDlgItem(remote, target));
+        PostMessageW(GetDlgItem(remote, target), WM_KEYDOWN, VK_SPACE, 0x00390001);
+        PostMessageW(GetDlgItem(remote, target), WM_KEYUP, VK_SPACE, 0xC0390001);
         PumpMessages();
         ASSERT_EQ(host.received().size(), 1u) << "control " << target;
         EXPECT_EQ(host.received()[0].name, "density_pattern");
         EXPECT_EQ(host.received()[0].wParam, 16u);
     }
     // The effect did not change on the way.
-    EXPECT_EQ(IsDlgButtonChecked(dialog, 1009), BST_CHECKED);
+    EXPECT_EQ(IsDlgButtonChecked(remote, 1009), BST_CHECKED);
 }
 
 TEST_F(NotificationTest, PanelsAskForUpdateThroughTheKeyDownMessage) {
-    SendMessageW(dialog, WM_APP + 1000, 0, VK_SPACE);
-    SendMessageW(dialog, WM_APP + 1000, 0, 'A');
+    SendMessageW(remote, WM_APP + 1000, 0, VK_SPACE);
+    SendMessageW(remote, WM_APP + 1000, 0, 'A');
     ASSERT_EQ(host.received().size(), 1u);
     EXPECT_EQ(host.received()[0].name, "gradation");
 }
 
 TEST_F(NotificationTest, OperationButtonsSendTheirNamesWhateverTheEffect) {
-    Click(dialog, 1010);
-    Click(dialog, 1001);
-    Click(dialog, 1004);
-    Click(dialog, 1005);
+    Click(remote, 1010);
+    Click(remote, 1001);
+    Click(remote, 1004);
+    Click(remote, 1005);
     // The edge button is never visible; its command still works.
-    EXPECT_FALSE(IsWindowVisible(GetDlgItem(dialog, 1008)));
-    SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(1008, BN_CLICKED),
-                 reinterpret_cast<LPARAM>(GetDlgItem(dialog, 1008)));
+    EXPECT_FALSE(IsWindowVisible(GetDlgItem(remote, 1008)));
+    SendMessageW(remote, WM_COMMAND, MAKEWPARAM(1008, BN_CLICKED),
+                 reinterpret_cast<LPARAM>(GetDlgItem(remote, 1008)));
     ASSERT_EQ(host.received().size(), 4u);
     EXPECT_EQ(host.received()[0].name, "uniform_color");
     EXPECT_EQ(host.received()[1].name, "color_bokashi");
@@ -104,16 +88,16 @@ TEST_F(NotificationTest, OperationButtonsSendTheirNamesWhateverTheEffect) {
 TEST(NoRecipientTest, EveryButtonTellsTheUserAndSendsNothing) {
     RemoveSettings();
     ASSERT_TRUE(PXColor_Open(nullptr, kNotifyMessage));
-    HWND dialog = RemoteControl();
+    HWND remote = RemoteControl();
     PXColor_ShowWindow(SW_SHOWNORMAL);
     {
         SystemDialogWatcher watcher;
-        for (int id : {1000, 1001, 1004, 1005}) Click(dialog, id);
-        SendMessageW(dialog, WM_APP + 1000, 0, VK_SPACE);
+        for (int id : {1000, 1001, 1004, 1005}) Click(remote, id);
+        SendMessageW(remote, WM_APP + 1000, 0, VK_SPACE);
         ASSERT_EQ(watcher.seen().size(), 5u);
         for (const auto& box : watcher.seen()) {
             EXPECT_EQ(box.text, L"送信相手がいない。");
-            EXPECT_EQ(box.owner, dialog);
+            EXPECT_EQ(box.owner, remote);
             EXPECT_EQ(box.caption, L"win_notification_tests");
         }
     }
