@@ -74,7 +74,8 @@ void Decode(benchmark::State& state, const Case& c) {
     const Sample& s = SampleFor(c);
     for (auto _ : state) {
         BitmapImage image;
-        if (image.SetFromPackedDIB(s.block.data(), s.block.size()) != 0) state.SkipWithError("refused");
+        if (image.SetFromPackedDIB(s.block.data(), s.block.size()) != 0)
+            state.SkipWithError("refused");
         benchmark::DoNotOptimize(image.pixels);
     }
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * s.pixelBytes));
@@ -95,8 +96,8 @@ void StbDecode(benchmark::State& state, const Case& c) {
     const Sample& s = SampleFor(c);
     for (auto _ : state) {
         int w, h, n;
-        stbi_uc* pixels = stbi_load_from_memory(s.file.data(), static_cast<int>(s.file.size()), &w,
-                                                &h, &n, 0);
+        stbi_uc* pixels =
+            stbi_load_from_memory(s.file.data(), static_cast<int>(s.file.size()), &w, &h, &n, 0);
         if (pixels == nullptr) state.SkipWithError("stb refused");
         benchmark::DoNotOptimize(pixels);
         stbi_image_free(pixels);
@@ -130,7 +131,7 @@ void DecodeAndConvert(benchmark::State& state) {
 
 // Keeps each run's time per iteration so the ratios come from this run.
 class RatioReporter : public benchmark::ConsoleReporter {
-public:
+  public:
     void ReportRuns(const std::vector<Run>& runs) override {
         for (const Run& run : runs) times_[run.benchmark_name()] = run.GetAdjustedRealTime();
         ConsoleReporter::ReportRuns(runs);
@@ -140,7 +141,7 @@ public:
         return it == times_.end() ? 0.0 : it->second;
     }
 
-private:
+  private:
     std::map<std::string, double> times_;
 };
 
@@ -151,15 +152,19 @@ int main(int argc, char** argv) {
     for (const Case& c : Cases()) {
         const std::string name = c.name;
         const Sample& s = SampleFor(c);
-        benchmark::RegisterBenchmark(("decode/" + name).c_str(), Decode, c)->Unit(benchmark::kMillisecond);
+        benchmark::RegisterBenchmark(("decode/" + name).c_str(), Decode, c)
+            ->Unit(benchmark::kMillisecond);
         benchmark::RegisterBenchmark(("memcpy/" + name).c_str(), Memcpy, s.pixelBytes,
-                                     s.block.data())->Unit(benchmark::kMillisecond);
-        benchmark::RegisterBenchmark(("stb/" + name).c_str(), StbDecode, c)->Unit(benchmark::kMillisecond);
+                                     s.block.data())
+            ->Unit(benchmark::kMillisecond);
+        benchmark::RegisterBenchmark(("stb/" + name).c_str(), StbDecode, c)
+            ->Unit(benchmark::kMillisecond);
     }
     benchmark::RegisterBenchmark("convert24/8bit", ConvertTo24)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("memcpy/convert24", Memcpy, converted.size(), converted.data())
         ->Unit(benchmark::kMillisecond);
-    benchmark::RegisterBenchmark("decode+convert24/8bit", DecodeAndConvert)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("decode+convert24/8bit", DecodeAndConvert)
+        ->Unit(benchmark::kMillisecond);
 
     benchmark::Initialize(&argc, argv);
     RatioReporter reporter;
@@ -176,11 +181,15 @@ int main(int argc, char** argv) {
     }
     const double convert = reporter.Time("convert24/8bit");
     if (convert > 0) {
-        std::printf("%-18s %10.0f %11.2fx %11.2fx  (stb: decode of the 8-bit file to RGB, vs our decode + convert)\n",
-                    "convert24 of 8bit", converted.size() / 1e6 / (convert / 1e3),
-                    convert / reporter.Time("memcpy/convert24"),
-                    reporter.Time("stb/8bit") / reporter.Time("decode+convert24/8bit"));
+        std::printf(
+            "%-18s %10.0f %11.2fx %11.2fx  (stb: decode of the 8-bit file to RGB, vs our decode + "
+            "convert)\n",
+            "convert24 of 8bit", converted.size() / 1e6 / (convert / 1e3),
+            convert / reporter.Time("memcpy/convert24"),
+            reporter.Time("stb/8bit") / reporter.Time("decode+convert24/8bit"));
     }
-    std::printf("(vs memcpy: our time over one memcpy of the same pixel bytes; stb / ours: above 1 means faster than stb_image)\n");
+    std::printf(
+        "(vs memcpy: our time over one memcpy of the same pixel bytes; stb / ours: above 1 means "
+        "faster than stb_image)\n");
     return 0;
 }

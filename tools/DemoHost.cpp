@@ -22,7 +22,8 @@ VellHostWindow g_hostWindow = {};
 HWND g_list = nullptr;
 
 void AddLine(const std::wstring& line) {
-    const LRESULT index = SendMessageW(g_list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(line.c_str()));
+    const LRESULT index =
+        SendMessageW(g_list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(line.c_str()));
     SendMessageW(g_list, LB_SETCURSEL, static_cast<WPARAM>(index), 0);
 }
 
@@ -85,16 +86,14 @@ void OnNotification(WPARAM wParam, LPARAM lParam) {
 LRESULT CALLBACK HostProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
     switch (msg) {
         case WM_CREATE:
-            g_list = CreateWindowExW(WS_EX_CLIENTEDGE, L"LISTBOX", nullptr,
-                                     WS_CHILD | WS_VISIBLE | WS_VSCROLL | LBS_NOINTEGRALHEIGHT, 0,
-                                     0, 0, 0, hwnd, reinterpret_cast<HMENU>(kListId), nullptr,
-                                     nullptr);
+            g_list =
+                CreateWindowExW(WS_EX_CLIENTEDGE, L"LISTBOX", nullptr,
+                                WS_CHILD | WS_VISIBLE | WS_VSCROLL | LBS_NOINTEGRALHEIGHT, 0, 0, 0,
+                                0, hwnd, reinterpret_cast<HMENU>(kListId), nullptr, nullptr);
             SendMessageW(g_list, WM_SETFONT,
                          reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), TRUE);
             return 0;
-        case WM_SIZE:
-            MoveWindow(g_list, 0, 0, LOWORD(lParam), HIWORD(lParam), TRUE);
-            return 0;
+        case WM_SIZE: MoveWindow(g_list, 0, 0, LOWORD(lParam), HIWORD(lParam), TRUE); return 0;
         case WM_TIMER:
             if (wParam == kQuitTimer) DestroyWindow(hwnd);
             return 0;
@@ -140,7 +139,8 @@ int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, LPWSTR, int show) {
     ShowWindow(hwnd, show);
 
     if (!PXColor_Open(AsHostWindow(&g_hostWindow), kNotifyMessage)) {
-        MessageBoxW(hwnd, L"The remote control could not be opened.", L"VellColor demo host", MB_OK);
+        MessageBoxW(hwnd, L"The remote control could not be opened.", L"VellColor demo host",
+                    MB_OK);
         DestroyWindow(hwnd);
     } else {
         PXColor_ShowWindow(SW_SHOWNORMAL);

@@ -6,7 +6,7 @@
 #include <cstddef>
 
 class BitmapImage {
-public:
+  public:
     BitmapImage();
     ~BitmapImage();
     BitmapImage(const BitmapImage&) = delete;
@@ -26,9 +26,7 @@ public:
 
     void SetPaletteEntry(int index, unsigned char r, unsigned char g, unsigned char b);
     // No bounds checks: the caller keeps x and y inside the image.
-    unsigned char* PixelAt(int x, int y) const {
-        return pixels + y * stride + x * bytesPerPixel;
-    }
+    unsigned char* PixelAt(int x, int y) const { return pixels + y * stride + x * bytesPerPixel; }
     void SetBits(unsigned int byteCount, const unsigned char* rows, int sourceStride,
                  int sourceBitsPerPixel);
     int Copy(const BitmapImage& source);
@@ -40,10 +38,10 @@ public:
     // occupies `size` bytes at `dib`. Nothing outside that range is read.
     int SetFromPackedDIB(const unsigned char* dib, std::size_t size);
 
-private:
+  private:
     int Allocate(int width, int height, int bytesPerPixel, int paletteCount, bool zeroPixels);
 
-public:
+  public:
     char* name;
     int width;
     int height;

@@ -8,7 +8,7 @@
 #include "RandomGenerator.h"
 
 class KTEffectDensityPattern {
-public:
+  public:
     KTEffectDensityPattern();
     ~KTEffectDensityPattern();
     KTEffectDensityPattern(const KTEffectDensityPattern&) = delete;
@@ -50,8 +50,8 @@ public:
     // Holds a 24-bit copy of `source`.
     int SetImage(const BitmapImage& source);
 
-    RandomGenerator random;                  // reseeded from the tick count at construction
-    EffectRendererState renderState[4];      // the host renderer's, untouched here
+    RandomGenerator random;              // reseeded from the tick count at construction
+    EffectRendererState renderState[4];  // the host renderer's, untouched here
     int removeJaggies;
     int reserved1;
     int patternType;  // 0..15; 13..15 use the image

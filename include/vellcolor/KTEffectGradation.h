@@ -4,7 +4,7 @@
 #include "ColorRGB.h"
 
 class KTEffectGradation {
-public:
+  public:
     KTEffectGradation();
     ~KTEffectGradation();
     KTEffectGradation(const KTEffectGradation&) = delete;

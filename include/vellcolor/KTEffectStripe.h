@@ -5,7 +5,7 @@
 #include "EffectRendererState.h"
 
 class KTEffectStripe {
-public:
+  public:
     KTEffectStripe();
     ~KTEffectStripe();
     KTEffectStripe(const KTEffectStripe& other);

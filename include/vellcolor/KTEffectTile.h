@@ -4,7 +4,7 @@
 #include "ColorRGB.h"
 
 class KTEffectTile {
-public:
+  public:
     KTEffectTile();
     ~KTEffectTile();
     KTEffectTile(const KTEffectTile&) = delete;

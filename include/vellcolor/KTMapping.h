@@ -4,7 +4,7 @@
 #include "BitmapImage.h"
 
 class KTMapping {
-public:
+  public:
     KTMapping();
     ~KTMapping();
     KTMapping(const KTMapping&) = delete;

@@ -4,7 +4,7 @@
 #pragma once
 
 class RandomGenerator {
-public:
+  public:
     RandomGenerator();  // seeds with the current time in seconds
     explicit RandomGenerator(unsigned int seed);
 

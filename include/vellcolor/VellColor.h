@@ -22,7 +22,9 @@ struct VellHostWindow {
     HWND m_hWnd;
 };
 
-inline CWnd* AsHostWindow(VellHostWindow* window) { return reinterpret_cast<CWnd*>(window); }
+inline CWnd* AsHostWindow(VellHostWindow* window) {
+    return reinterpret_cast<CWnd*>(window);
+}
 
 extern "C" {
 BOOL __stdcall PXColor_Open(CWnd* pHostWnd, UINT nNotifyMessage);

@@ -38,11 +38,11 @@ const EffectRadio kEffectRadios[] = {
     {IDC_RADIO_IMAGE_MAPPING, "image_mapping"},
 };
 
-// Effect panels in the order they are created, then the lower frame's two.
-const int kEffectPanels[] = {IDD_TILE, IDD_GRADATION, IDD_STRIPE, IDD_ISOLINE_PATTERN,
-                             IDD_MAPPING};
-const int kAllPanels[] = {IDD_GRADATION,    IDD_TILE,      IDD_STRIPE,      IDD_ISOLINE_PATTERN,
-                          IDD_MAPPING,      IDD_COLOR_SET, IDD_IMAGE_SOURCE};
+// Effect panels in the order they are created.
+const int kEffectPanels[] = {IDD_TILE, IDD_GRADATION, IDD_STRIPE, IDD_ISOLINE_PATTERN, IDD_MAPPING};
+// Every panel, as ChangeSubDlg hides them.
+const int kAllPanels[] = {IDD_GRADATION, IDD_TILE,      IDD_STRIPE,      IDD_ISOLINE_PATTERN,
+                          IDD_MAPPING,   IDD_COLOR_SET, IDD_IMAGE_SOURCE};
 
 const wchar_t kWindowSection[] = L"Window";
 const wchar_t kColorTableSection[] = L"ColorTable";
@@ -61,7 +61,8 @@ void CopyPanelColors(Parameters& parameters) {
     CDlgColorSet& panel = ColorSetPanel();
     const int count = panel.GetColorCount();
     std::vector<ColorRGB> colors(count > 0 ? count : 0);
-    for (int i = 0; i < count; ++i) panel.GetColor(i, &colors[i].red, &colors[i].green, &colors[i].blue);
+    for (int i = 0; i < count; ++i)
+        panel.GetColor(i, &colors[i].red, &colors[i].green, &colors[i].blue);
     parameters.SetColors(count, colors.data());
 }
 
@@ -170,13 +171,21 @@ void CDlgColor::ChangeSubDlg(int nPanelTemplateId) {
 
 // The colors come from the color set panel whatever the chosen effect;
 // each effect panel writes its own values first once it is built.
-void CDlgColor::GetEffect(KTEffectGradation& gradation) { CopyPanelColors(gradation); }
+void CDlgColor::GetEffect(KTEffectGradation& gradation) {
+    CopyPanelColors(gradation);
+}
 
-void CDlgColor::GetEffect(KTEffectTile& tile) { CopyPanelColors(tile); }
+void CDlgColor::GetEffect(KTEffectTile& tile) {
+    CopyPanelColors(tile);
+}
 
-void CDlgColor::GetEffect(KTEffectStripe& stripe) { CopyPanelColors(stripe); }
+void CDlgColor::GetEffect(KTEffectStripe& stripe) {
+    CopyPanelColors(stripe);
+}
 
-void CDlgColor::GetEffect(KTEffectDensityPattern& pattern) { CopyPanelColors(pattern); }
+void CDlgColor::GetEffect(KTEffectDensityPattern& pattern) {
+    CopyPanelColors(pattern);
+}
 
 void CDlgColor::GetMapping(KTMapping&, float&, float&) {
     // Without an image source there is never an image, so nothing changes.
@@ -194,8 +203,7 @@ bool CDlgColor::OnMessage(UINT msg, WPARAM wParam, LPARAM lParam, LRESULT* resul
     const UINT w = static_cast<UINT>(wParam);
     const LONG l = static_cast<LONG>(lParam);
     switch (msg) {
-        case WM_COMMAND:
-            return HIWORD(wParam) == BN_CLICKED && OnCommand(LOWORD(wParam));
+        case WM_COMMAND: return HIWORD(wParam) == BN_CLICKED && OnCommand(LOWORD(wParam));
         case WM_DESTROY: OnDestroy(); return true;
         case WM_CLOSE: OnClose(); return true;
         case WM_SUBDIALOG_KEYDOWN: *result = OnSubDialogKeyDown(w, l); return true;
@@ -244,16 +252,34 @@ void CDlgColor::OnButtonUpdate() {
     SendToHost(name);
 }
 
-void CDlgColor::OnButtonUniformColor() { SendToHost("uniform_color"); }
-void CDlgColor::OnButtonBokashi() { SendToHost("color_bokashi"); }
-void CDlgColor::OnButtonReverseColor() { SendToHost("reverse_color"); }
-void CDlgColor::OnButtonColorEdge() { SendToHost("color_edge"); }
+void CDlgColor::OnButtonUniformColor() {
+    SendToHost("uniform_color");
+}
+void CDlgColor::OnButtonBokashi() {
+    SendToHost("color_bokashi");
+}
+void CDlgColor::OnButtonReverseColor() {
+    SendToHost("reverse_color");
+}
+void CDlgColor::OnButtonColorEdge() {
+    SendToHost("color_edge");
+}
 
-void CDlgColor::OnRadioGradation() { ChangeSubDlg(IDD_GRADATION); }
-void CDlgColor::OnRadioCheck() { ChangeSubDlg(IDD_TILE); }
-void CDlgColor::OnRadioStripe() { ChangeSubDlg(IDD_STRIPE); }
-void CDlgColor::OnRadioMetacirclePattern() { ChangeSubDlg(IDD_ISOLINE_PATTERN); }
-void CDlgColor::OnRadioImageMapping() { ChangeSubDlg(IDD_MAPPING); }
+void CDlgColor::OnRadioGradation() {
+    ChangeSubDlg(IDD_GRADATION);
+}
+void CDlgColor::OnRadioCheck() {
+    ChangeSubDlg(IDD_TILE);
+}
+void CDlgColor::OnRadioStripe() {
+    ChangeSubDlg(IDD_STRIPE);
+}
+void CDlgColor::OnRadioMetacirclePattern() {
+    ChangeSubDlg(IDD_ISOLINE_PATTERN);
+}
+void CDlgColor::OnRadioImageMapping() {
+    ChangeSubDlg(IDD_MAPPING);
+}
 
 void CDlgColor::OnClose() {
     // The close box never destroys the dialog; it leaves it minimized and
@@ -264,8 +290,8 @@ void CDlgColor::OnClose() {
 
 void CDlgColor::OnDestroy() {
     SaveParameter();
-    const int order[] = {IDD_GRADATION, IDD_TILE, IDD_STRIPE, IDD_ISOLINE_PATTERN, IDD_MAPPING,
-                         IDD_COLOR_SET};
+    const int order[] = {IDD_GRADATION,       IDD_TILE,    IDD_STRIPE,
+                         IDD_ISOLINE_PATTERN, IDD_MAPPING, IDD_COLOR_SET};
     for (int id : order) {
         if (Dialog* panel = PanelByTemplate(id)) panel->DestroyWindow();
     }
@@ -332,8 +358,10 @@ void CDlgColor::LoadParameter() {
     // Sets found are appended in key order, so gaps close on the next save.
     ColorSetRecord working;
     for (int i = 0; i < colors.GetMaxColorSetCount(); ++i) {
-        const std::string value = settings.ReadString(kColorTableSection, ColorSetKey(i).c_str(), 512);
-        if (!value.empty() && ParseColorSet(value, &working)) sets->insertAfter(sets->count() - 1, working);
+        const std::string value =
+            settings.ReadString(kColorTableSection, ColorSetKey(i).c_str(), 512);
+        if (!value.empty() && ParseColorSet(value, &working))
+            sets->insertAfter(sets->count() - 1, working);
     }
     colors.RefillColorSetCombo(0);
 }
@@ -347,8 +375,7 @@ void CDlgColor::SaveParameter() {
     const auto number = [](long value) { return std::to_string(value); };
     settings.Write(kWindowSection, L"Top", number(placement.rcNormalPosition.top));
     settings.Write(kWindowSection, L"Left", number(placement.rcNormalPosition.left));
-    settings.Write(kWindowSection, L"Display",
-                   placement.showCmd == SW_SHOWMINIMIZED ? "0" : "1");
+    settings.Write(kWindowSection, L"Display", placement.showCmd == SW_SHOWMINIMIZED ? "0" : "1");
 
     const ColorSetList* sets = ColorSetPanel().GetColorSetList();
     for (int i = 0; sets != nullptr && i < sets->count(); ++i) {

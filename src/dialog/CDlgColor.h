@@ -16,7 +16,7 @@ class KTEffectDensityPattern;
 class KTMapping;
 
 class VELLCOLOR_CLASS CDlgColor : public Dialog {
-public:
+  public:
     // Template 1000 with `pParent` as parent; no host to notify.
     explicit CDlgColor(CWnd* pParent = NULL);
     // Notifies `pHostWnd` with `nNotifyMessage`; created without a parent.
@@ -33,7 +33,7 @@ public:
 
     BOOL PreTranslateMessage(MSG* msg) override;
 
-protected:
+  protected:
     BOOL OnInitDialog() override;
     bool OnMessage(UINT msg, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
 
@@ -62,7 +62,7 @@ protected:
     LONG OnChangeToImagePanel(UINT wParam, LONG lParam);
     LONG OnQueryIsImageSet(UINT wParam, LONG lParam);
 
-private:
+  private:
     bool OnCommand(int id);
     void SendToHost(const char* name);
     void PlacePanels();

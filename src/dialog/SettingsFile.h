@@ -5,7 +5,7 @@
 #include <string>
 
 class SettingsFile {
-public:
+  public:
     // The file in the host executable's directory (the current directory
     // when that cannot be told).
     SettingsFile();
@@ -22,6 +22,6 @@ public:
     // with the short waits in between that the rewrite has always had.
     void EmptyAndDelete() const;
 
-private:
+  private:
     std::wstring path_;
 };

@@ -20,10 +20,8 @@ bool AnswersDirectly(UINT msg) {
         case WM_VKEYTOITEM:
         case WM_CHARTOITEM:
         case WM_QUERYDRAGICON:
-        case WM_INITDIALOG:
-            return true;
-        default:
-            return false;
+        case WM_INITDIALOG: return true;
+        default: return false;
     }
 }
 
@@ -31,7 +29,9 @@ bool AnswersDirectly(UINT msg) {
 
 Dialog::Dialog(int templateId) : templateId_(templateId) {}
 
-Dialog::~Dialog() { DestroyWindow(); }
+Dialog::~Dialog() {
+    DestroyWindow();
+}
 
 bool Dialog::CreateModeless(HWND parent) {
     if (hwnd_ != nullptr) return false;
@@ -44,8 +44,8 @@ bool Dialog::CreateModeless(HWND parent) {
 INT_PTR Dialog::RunModal(HWND parent) {
     if (hwnd_ != nullptr) return -1;
     modal_ = true;
-    const INT_PTR result = DialogBoxParamW(ModuleInstance(), MAKEINTRESOURCEW(templateId_),
-                                           parent, DialogProc, reinterpret_cast<LPARAM>(this));
+    const INT_PTR result = DialogBoxParamW(ModuleInstance(), MAKEINTRESOURCEW(templateId_), parent,
+                                           DialogProc, reinterpret_cast<LPARAM>(this));
     modal_ = false;
     return result;
 }
@@ -55,9 +55,13 @@ bool Dialog::DestroyWindow() {
     return ::DestroyWindow(hwnd_) != FALSE;
 }
 
-BOOL Dialog::PreTranslateMessage(MSG*) { return FALSE; }
+BOOL Dialog::PreTranslateMessage(MSG*) {
+    return FALSE;
+}
 
-bool Dialog::OnMessage(UINT, WPARAM, LPARAM, LRESULT*) { return false; }
+bool Dialog::OnMessage(UINT, WPARAM, LPARAM, LRESULT*) {
+    return false;
+}
 
 Dialog* Dialog::FromWindow(HWND hwnd) {
     if (hwnd == nullptr) return nullptr;

@@ -8,7 +8,7 @@
 #include "Export.h"
 
 class VELLCOLOR_CLASS Dialog {
-public:
+  public:
     explicit Dialog(int templateId);
     virtual ~Dialog();
     Dialog(const Dialog&) = delete;
@@ -32,12 +32,12 @@ public:
     // The dialog object behind a window of ours, or null.
     static Dialog* FromWindow(HWND hwnd);
 
-protected:
+  protected:
     virtual BOOL OnInitDialog() { return TRUE; }
     // True when handled; *result is what the message answers.
     virtual bool OnMessage(UINT msg, WPARAM wParam, LPARAM lParam, LRESULT* result);
 
-private:
+  private:
     static INT_PTR CALLBACK DialogProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam);
     INT_PTR Dispatch(UINT msg, WPARAM wParam, LPARAM lParam);
 

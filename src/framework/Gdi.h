@@ -7,7 +7,7 @@
 // Owns a font, brush, pen or bitmap and deletes it.
 template <typename Handle>
 class GdiObject {
-public:
+  public:
     explicit GdiObject(Handle handle) : handle_(handle) {}
     ~GdiObject() {
         if (handle_ != nullptr) DeleteObject(handle_);
@@ -18,13 +18,13 @@ public:
     Handle get() const { return handle_; }
     explicit operator bool() const { return handle_ != nullptr; }
 
-private:
+  private:
     Handle handle_;
 };
 
 // A window's client-area device context from GetDC, released afterwards.
 class WindowDC {
-public:
+  public:
     explicit WindowDC(HWND hwnd) : hwnd_(hwnd), dc_(GetDC(hwnd)) {}
     ~WindowDC() {
         if (dc_ != nullptr) ReleaseDC(hwnd_, dc_);
@@ -35,14 +35,14 @@ public:
     HDC get() const { return dc_; }
     explicit operator bool() const { return dc_ != nullptr; }
 
-private:
+  private:
     HWND hwnd_;
     HDC dc_;
 };
 
 // Selects an object into a device context and puts the previous one back.
 class SelectedObject {
-public:
+  public:
     SelectedObject(HDC dc, HGDIOBJ object) : dc_(dc), previous_(SelectObject(dc, object)) {}
     ~SelectedObject() {
         if (previous_ != nullptr) SelectObject(dc_, previous_);
@@ -50,7 +50,7 @@ public:
     SelectedObject(const SelectedObject&) = delete;
     SelectedObject& operator=(const SelectedObject&) = delete;
 
-private:
+  private:
     HDC dc_;
     HGDIOBJ previous_;
 };

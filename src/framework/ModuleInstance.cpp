@@ -10,4 +10,6 @@ HINSTANCE ModuleInstance() {
     return g_instance != nullptr ? g_instance : GetModuleHandleW(nullptr);
 }
 
-void SetModuleInstance(HINSTANCE instance) { g_instance = instance; }
+void SetModuleInstance(HINSTANCE instance) {
+    g_instance = instance;
+}

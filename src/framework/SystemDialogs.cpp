@@ -12,7 +12,8 @@ namespace SystemDialogs {
 std::string HostExecutablePath() {
     std::vector<wchar_t> buffer(MAX_PATH);
     for (;;) {
-        const DWORD n = GetModuleFileNameW(nullptr, buffer.data(), static_cast<DWORD>(buffer.size()));
+        const DWORD n =
+            GetModuleFileNameW(nullptr, buffer.data(), static_cast<DWORD>(buffer.size()));
         if (n == 0) return std::string();
         if (n < buffer.size()) return NarrowToUtf8(std::wstring(buffer.data(), n));
         if (buffer.size() >= 32768) return std::string();

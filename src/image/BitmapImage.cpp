@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "params/FilePathParts.h"
 #include "FileBytes.h"
+#include "params/FilePathParts.h"
 #include "vellcolor/ErrorCode.h"
 
 namespace {
@@ -132,7 +132,9 @@ BitmapImage::BitmapImage()
       pixelBytes(0),
       pixels(nullptr) {}
 
-BitmapImage::~BitmapImage() { Clear(); }
+BitmapImage::~BitmapImage() {
+    Clear();
+}
 
 BitmapImage* BitmapImage::NewEmpty() {
     void* memory = std::malloc(sizeof(BitmapImage));
@@ -156,7 +158,9 @@ void BitmapImage::Clear() {
     pixelBytes = 0;
 }
 
-int BitmapImage::Create(int w, int h, int bpp, int colors) { return Allocate(w, h, bpp, colors, true); }
+int BitmapImage::Create(int w, int h, int bpp, int colors) {
+    return Allocate(w, h, bpp, colors, true);
+}
 
 int BitmapImage::Allocate(int w, int h, int bpp, int colors, bool zeroPixels) {
     Clear();
@@ -166,7 +170,8 @@ int BitmapImage::Allocate(int w, int h, int bpp, int colors, bool zeroPixels) {
     if (rowBytes > 0x7FFFFFFF || total > 0xFFFFFFFFull) return kErrorOutOfMemory;
     if (total > 0) {
         const std::size_t bytes = static_cast<std::size_t>(total);
-        pixels = static_cast<unsigned char*>(zeroPixels ? std::calloc(bytes, 1) : std::malloc(bytes));
+        pixels =
+            static_cast<unsigned char*>(zeroPixels ? std::calloc(bytes, 1) : std::malloc(bytes));
         if (pixels == nullptr) return kErrorOutOfMemory;
     }
     if (colors > 0) {
@@ -270,8 +275,7 @@ int BitmapImage::ConvertTo24Bit() {
 
 int BitmapImage::LoadFile(const char* path) {
     std::string extension;
-    if (!FilePathParts(path).Extension(&extension) ||
-        (extension != "bmp" && extension != "BMP")) {
+    if (!FilePathParts(path).Extension(&extension) || (extension != "bmp" && extension != "BMP")) {
         return kErrorUnsupportedFormat;
     }
     // The DIB is read from a block as long as the whole file: what follows
@@ -346,7 +350,8 @@ int BitmapImage::SetFromPackedDIB(const unsigned char* dib, std::size_t size) {
         }
         std::uint64_t left = copyBytes;
         for (std::uint64_t r = 0; r < info.rows && left > 0; ++r) {
-            const std::size_t n = static_cast<std::size_t>(std::min<std::uint64_t>(left, srcStride));
+            const std::size_t n =
+                static_cast<std::size_t>(std::min<std::uint64_t>(left, srcStride));
             std::memcpy(targetRow(r), source + r * srcStride, n);
             left -= n;
         }

@@ -1,3 +1,5 @@
 #include "FileBytes.h"
 
-std::FILE* OpenSharedForReading(const char* path) { return std::fopen(path, "rb"); }
+std::FILE* OpenSharedForReading(const char* path) {
+    return std::fopen(path, "rb");
+}

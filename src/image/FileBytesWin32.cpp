@@ -1,5 +1,5 @@
-#include <share.h>
 #include <windows.h>
+#include <share.h>
 
 #include "FileBytes.h"
 #include "framework/WideText.h"

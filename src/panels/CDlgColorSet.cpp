@@ -25,9 +25,9 @@ const struct {
     int mode;
     const wchar_t* text;
 } kRandomMenu[] = {
-    {kRandomAllColors, L"全色"}, {-1, nullptr},          {kRandomPrimary, L"原色"},
+    {kRandomAllColors, L"全色"},  {-1, nullptr},          {kRandomPrimary, L"原色"},
     {kRandomPastel, L"ﾊﾟｽﾃﾙｶﾗｰ"}, {kRandomGray, L"灰色"}, {kRandomLight, L"明色"},
-    {kRandomDark, L"暗色"},      {kRandomWarm, L"暖色"}, {kRandomCool, L"寒色"},
+    {kRandomDark, L"暗色"},       {kRandomWarm, L"暖色"}, {kRandomCool, L"寒色"},
     {kRandomNear, L"近い色"},
 };
 
@@ -254,7 +254,9 @@ bool CDlgColorSet::OnCommand(int id, int code, HWND) {
         case IDC_SET_ROTATE_RIGHT: RotateRight(palette_, count); break;
         case IDC_SET_REVERSE: Reverse(palette_, count); break;
         case IDC_SET_RANDOM: FillRandom(palette_, count, randomMode_); break;
-        case IDC_SET_RANDOM_MENU: ChooseRandomMode(CenterOf(Item(IDC_SET_RANDOM_MENU))); return true;
+        case IDC_SET_RANDOM_MENU:
+            ChooseRandomMode(CenterOf(Item(IDC_SET_RANDOM_MENU)));
+            return true;
         case IDC_SET_INTERPOLATION_MENU: ChooseInterpolationMode(); return true;
         case IDC_SET_RAINBOW: OnRainbow(); return true;
         case IDC_SET_INTERPOLATE: OnInterpolate(); return true;

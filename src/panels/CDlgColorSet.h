@@ -12,7 +12,7 @@
 #include "vellcolor/ColorRGB.h"
 
 class CDlgColorSet : public Dialog {
-public:
+  public:
     static const int kSlots = 7;
 
     CDlgColorSet();
@@ -35,11 +35,11 @@ public:
 
     BOOL PreTranslateMessage(MSG* msg) override;
 
-protected:
+  protected:
     BOOL OnInitDialog() override;
     bool OnMessage(UINT msg, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
 
-private:
+  private:
     bool OnCommand(int id, int code, HWND control);
     void OnCountChanged();
     void OnSwatchClicked(int index);

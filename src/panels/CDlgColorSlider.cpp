@@ -53,7 +53,8 @@ BOOL CDlgColorSlider::PreTranslateMessage(MSG*) {
 bool CDlgColorSlider::OnMessage(UINT msg, WPARAM wParam, LPARAM lParam, LRESULT*) {
     switch (msg) {
         case WM_HSCROLL:
-            OnScroll(reinterpret_cast<HWND>(lParam), LOWORD(wParam), static_cast<short>(HIWORD(wParam)));
+            OnScroll(reinterpret_cast<HWND>(lParam), LOWORD(wParam),
+                     static_cast<short>(HIWORD(wParam)));
             return true;
         case WM_COMMAND:
             switch (LOWORD(wParam)) {
@@ -64,9 +65,7 @@ bool CDlgColorSlider::OnMessage(UINT msg, WPARAM wParam, LPARAM lParam, LRESULT*
                     SendColor();
                     return true;
                 case IDOK:
-                case IDCANCEL:
-                    EndDialog(hwnd(), LOWORD(wParam));
-                    return true;
+                case IDCANCEL: EndDialog(hwnd(), LOWORD(wParam)); return true;
                 default: return false;
             }
         default: return false;

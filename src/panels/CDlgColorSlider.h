@@ -9,7 +9,7 @@
 #include "vellcolor/ColorRGB.h"
 
 class CDlgColorSlider : public Dialog {
-public:
+  public:
     explicit CDlgColorSlider(HWND panel);
 
     // Edits `slot` of a panel that has `count` colors in use.
@@ -17,11 +17,11 @@ public:
 
     BOOL PreTranslateMessage(MSG* msg) override;
 
-protected:
+  protected:
     BOOL OnInitDialog() override;
     bool OnMessage(UINT msg, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
 
-private:
+  private:
     bool FetchSlot(int slot);
     void SendColor() const;
     void PaintPreview() const;

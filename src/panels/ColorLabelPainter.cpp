@@ -5,7 +5,9 @@
 
 namespace {
 
-float Unit(float v) { return v < 0.0f ? 0.0f : (v > 1.0f ? 1.0f : v); }
+float Unit(float v) {
+    return v < 0.0f ? 0.0f : (v > 1.0f ? 1.0f : v);
+}
 
 }  // namespace
 
@@ -34,7 +36,8 @@ void ColorLabelPainter::Paint(HWND window) const {
     FillSolid(dc.get(), client, fillColor);
     // The caption's box takes the fill color, so only the text shows.
     const COLORREF oldBack = SetBkColor(dc.get(), fillColor);
-    const COLORREF oldText = SetTextColor(dc.get(), CaptionColorFor(fill.red, fill.green, fill.blue));
+    const COLORREF oldText =
+        SetTextColor(dc.get(), CaptionColorFor(fill.red, fill.green, fill.blue));
     {
         SelectedObject selected(dc.get(), font.get());
         DrawTextW(dc.get(), caption_.c_str(), -1, &client, DT_CENTER | DT_VCENTER | DT_SINGLELINE);

@@ -8,7 +8,7 @@
 #include <string>
 
 class ColorLabelPainter {
-public:
+  public:
     // Each component is kept within 0..1.
     void SetColor(float red, float green, float blue);
     // Values below 1 become 1.
@@ -21,7 +21,7 @@ public:
     // The caption color the brightness rule picks for a fill color.
     static COLORREF CaptionColorFor(unsigned char r, unsigned char g, unsigned char b);
 
-private:
+  private:
     float red_ = 1.0f;
     float green_ = 1.0f;
     float blue_ = 1.0f;

@@ -7,7 +7,9 @@ namespace {
 CDlgColorSet g_dlgColorSet;
 }
 
-CDlgColorSet& ColorSetPanel() { return g_dlgColorSet; }
+CDlgColorSet& ColorSetPanel() {
+    return g_dlgColorSet;
+}
 
 Dialog* PanelByTemplate(int templateId) {
     switch (templateId) {

@@ -9,9 +9,13 @@ namespace {
 const float kNearWidth = 0.19607843f;         // 50 / 255
 const float kFluctuationWidth = 0.33333334f;  // 85 / 255
 
-ColorF Gray(float v) { return ColorF(v, v, v); }
+ColorF Gray(float v) {
+    return ColorF(v, v, v);
+}
 
-float Draw(float lo, float hi) { return static_cast<float>(ModuleRandom().Uniform(lo, hi)); }
+float Draw(float lo, float hi) {
+    return static_cast<float>(ModuleRandom().Uniform(lo, hi));
+}
 
 }  // namespace
 

@@ -6,7 +6,9 @@
 
 namespace {
 
-float Clamp(float v, float lo, float hi) { return v < lo ? lo : (v > hi ? hi : v); }
+float Clamp(float v, float lo, float hi) {
+    return v < lo ? lo : (v > hi ? hi : v);
+}
 
 float HueValue(float m1, float m2, float x) {
     if (x > 360.0f) x -= 360.0f;
@@ -79,7 +81,9 @@ void ColorF::randomRGB(float rlo, float rhi, float glo, float ghi, float blo, fl
     blue = Draw(blo, bhi);
 }
 
-void ColorF::randomAll() { randomRGB(0.0f, 1.0f, 0.0f, 1.0f, 0.0f, 1.0f); }
+void ColorF::randomAll() {
+    randomRGB(0.0f, 1.0f, 0.0f, 1.0f, 0.0f, 1.0f);
+}
 
 void ColorF::randomNear(float r, float g, float b, float width) {
     const float half = width / 2.0f;
@@ -102,4 +106,6 @@ ColorF ColorF::FromRGB(const ColorRGB& c) {
     return ColorF(c.red / 255.0f, c.green / 255.0f, c.blue / 255.0f);
 }
 
-ColorRGB ColorF::ToRGB() const { return ColorRGB(ToByte(red), ToByte(green), ToByte(blue)); }
+ColorRGB ColorF::ToRGB() const {
+    return ColorRGB(ToByte(red), ToByte(green), ToByte(blue));
+}

@@ -17,7 +17,7 @@ struct ColorSetRecord {
 };
 
 class ColorSetList {
-public:
+  public:
     static const int max = 64;
 
     int count() const { return static_cast<int>(records_.size()); }
@@ -29,7 +29,7 @@ public:
     void remove(int index);
     void removeAll() { records_.clear(); }
 
-private:
+  private:
     std::vector<std::unique_ptr<ColorSetRecord>> records_;
 };
 

@@ -31,13 +31,15 @@ int ToInt(const std::string& token) {
     return static_cast<int>(v);
 }
 
-unsigned char Low8Bits(int v) { return static_cast<unsigned char>(static_cast<unsigned int>(v) & 0xFF); }
+unsigned char Low8Bits(int v) {
+    return static_cast<unsigned char>(static_cast<unsigned int>(v) & 0xFF);
+}
 
 }  // namespace
 
 std::string FormatColorSet(const ColorSetRecord& record) {
-    const int count = record.count > ColorSetRecord::kMaxColors ? ColorSetRecord::kMaxColors
-                                                                : record.count;
+    const int count =
+        record.count > ColorSetRecord::kMaxColors ? ColorSetRecord::kMaxColors : record.count;
     std::ostringstream out;
     out << count;
     for (int i = 0; i < count; ++i) {

@@ -5,7 +5,7 @@
 #include <string>
 
 class FilePathParts {
-public:
+  public:
     FilePathParts() = default;
     explicit FilePathParts(const char* path) { SetPath(path); }
 
@@ -26,7 +26,7 @@ public:
     bool BaseName(std::string* out) const { return Take(baseName_, out); }
     bool Extension(std::string* out) const { return Take(extension_, out); }
 
-private:
+  private:
     struct Part {
         bool present = false;
         std::string text;

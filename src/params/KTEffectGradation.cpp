@@ -20,7 +20,9 @@ KTEffectGradation::KTEffectGradation()
     spiralAngle = 360.0f;
 }
 
-KTEffectGradation::~KTEffectGradation() { FreeColors(&colors); }
+KTEffectGradation::~KTEffectGradation() {
+    FreeColors(&colors);
+}
 
 int KTEffectGradation::SetColors(int count, const ColorRGB* source) {
     if (count < 2) return kErrorInvalidParameter;

@@ -18,9 +18,13 @@ KTEffectStripe::KTEffectStripe()
     SetColors(1, &orange);
 }
 
-KTEffectStripe::KTEffectStripe(const KTEffectStripe& other) : KTEffectStripe() { *this = other; }
+KTEffectStripe::KTEffectStripe(const KTEffectStripe& other) : KTEffectStripe() {
+    *this = other;
+}
 
-KTEffectStripe::~KTEffectStripe() { ReleaseColors(); }
+KTEffectStripe::~KTEffectStripe() {
+    ReleaseColors();
+}
 
 void KTEffectStripe::ReleaseColors() {
     if (colorCount != 0) FreeColors(&colors);

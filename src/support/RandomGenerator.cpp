@@ -17,17 +17,29 @@ RandomGenerator g_moduleRandom;
 
 }  // namespace
 
-RandomGenerator& ModuleRandom() { return g_moduleRandom; }
+RandomGenerator& ModuleRandom() {
+    return g_moduleRandom;
+}
 
-RandomGenerator::RandomGenerator() { Seed(static_cast<unsigned int>(std::time(nullptr))); }
+RandomGenerator::RandomGenerator() {
+    Seed(static_cast<unsigned int>(std::time(nullptr)));
+}
 
-RandomGenerator::RandomGenerator(unsigned int seed) { Seed(seed); }
+RandomGenerator::RandomGenerator(unsigned int seed) {
+    Seed(seed);
+}
 
-void RandomGenerator::Seed(unsigned int seed) { Twister().seed(seed); }
+void RandomGenerator::Seed(unsigned int seed) {
+    Twister().seed(seed);
+}
 
-unsigned int RandomGenerator::GenerateInt32() { return static_cast<unsigned int>(Twister()()); }
+unsigned int RandomGenerator::GenerateInt32() {
+    return static_cast<unsigned int>(Twister()());
+}
 
-double RandomGenerator::GenerateReal1() { return GenerateInt32() * (1.0 / 4294967295.0); }
+double RandomGenerator::GenerateReal1() {
+    return GenerateInt32() * (1.0 / 4294967295.0);
+}
 
 double RandomGenerator::Uniform(float lo, float hi) {
     return static_cast<double>(lo) + (static_cast<double>(hi) - lo) * GenerateReal1();

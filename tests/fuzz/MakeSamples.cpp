@@ -13,7 +13,9 @@ void Dib(const std::string& dir, const std::string& name, const BmpLayout& layou
     WriteFile(dir + "/" + name, DibBlockOf(MakeBmp(layout)));
 }
 
-std::uint8_t Pattern(int x, int row, int byte) { return static_cast<std::uint8_t>(x * 31 + row * 17 + byte); }
+std::uint8_t Pattern(int x, int row, int byte) {
+    return static_cast<std::uint8_t>(x * 31 + row * 17 + byte);
+}
 
 }  // namespace
 
@@ -57,9 +59,16 @@ int main(int argc, char** argv) {
     layout.headerSize = 12;
     Dib(dibs, "core-header", layout);
 
-    const std::vector<std::string> samples = {
-        "C:/pics/sky.bmp", "C:\\pics\\sky.BMP", "sky", "C:/pics/", "C:/pics/.bmp", "name.",
-        "C:/data.old/image", "/sky.bmp", "\\\\server\\share\\a.b.c", ""};
+    const std::vector<std::string> samples = {"C:/pics/sky.bmp",
+                                              "C:\\pics\\sky.BMP",
+                                              "sky",
+                                              "C:/pics/",
+                                              "C:/pics/.bmp",
+                                              "name.",
+                                              "C:/data.old/image",
+                                              "/sky.bmp",
+                                              "\\\\server\\share\\a.b.c",
+                                              ""};
     for (std::size_t i = 0; i < samples.size(); ++i) {
         WriteFile(paths + "/path" + std::to_string(i),
                   std::vector<std::uint8_t>(samples[i].begin(), samples[i].end()));

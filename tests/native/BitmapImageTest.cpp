@@ -13,7 +13,9 @@
 
 namespace {
 
-std::string PathOf(const std::string& name) { return ::testing::TempDir() + name; }
+std::string PathOf(const std::string& name) {
+    return ::testing::TempDir() + name;
+}
 
 int LoadBytes(BitmapImage* image, const std::vector<std::uint8_t>& file,
               const std::string& name = "image.bmp") {
@@ -22,7 +24,9 @@ int LoadBytes(BitmapImage* image, const std::vector<std::uint8_t>& file,
 }
 
 // A distinct byte for every pixel byte of a small picture.
-std::uint8_t Pattern(int x, int row, int byte) { return static_cast<std::uint8_t>(x * 40 + row * 7 + byte); }
+std::uint8_t Pattern(int x, int row, int byte) {
+    return static_cast<std::uint8_t>(x * 40 + row * 7 + byte);
+}
 
 void ExpectBGR(const BitmapImage& image, int x, int y, int b, int g, int r) {
     const unsigned char* p = image.PixelAt(x, y);
@@ -44,7 +48,8 @@ TEST(BitmapImageTest, TwentyFourBitsLoadWithTheFirstStoredRowAsRowZero) {
     EXPECT_EQ(image.stride, 12);
     EXPECT_EQ(image.pixelBytes, 24u);
     for (int y = 0; y < 2; ++y) {
-        for (int x = 0; x < 3; ++x) ExpectBGR(image, x, y, Pattern(x, y, 0), Pattern(x, y, 1), Pattern(x, y, 2));
+        for (int x = 0; x < 3; ++x)
+            ExpectBGR(image, x, y, Pattern(x, y, 0), Pattern(x, y, 1), Pattern(x, y, 2));
     }
 }
 
@@ -80,7 +85,9 @@ TEST(BitmapImageTest, TopDownImagesLoadRightWayUp) {
     ExpectBGR(image, 0, 0, Pattern(0, 2, 0), Pattern(0, 2, 1), Pattern(0, 2, 2));
 
     layout.bitCount = 16;
-    layout.pixel = [](int, int row, int byte) { return static_cast<std::uint8_t>(byte == 1 ? 0x7C : row); };
+    layout.pixel = [](int, int row, int byte) {
+        return static_cast<std::uint8_t>(byte == 1 ? 0x7C : row);
+    };
     ASSERT_EQ(LoadBytes(&image, MakeBmp(layout)), kOk);
     ExpectBGR(image, 0, 2, 0, 0, 248);  // row 0 of the file: blue 0
     ExpectBGR(image, 0, 0, 2 << 3, 0, 248);
@@ -108,13 +115,15 @@ TEST(BitmapImageTest, EightBitsKeepTheirPaletteAndConvertToBlueGreenRed) {
     EXPECT_EQ(image.stride, 12);
     ExpectBGR(image, 0, 0, 0x33, 0x22, 0x11);
     ExpectBGR(image, 1, 0, 0x00, 0x00, 0xFF);
-    ExpectBGR(image, 2, 0, 0, 0, 0);  // index 7 lies beyond the palette
+    ExpectBGR(image, 2, 0, 0, 0, 0);         // index 7 lies beyond the palette
     EXPECT_EQ(image.ConvertTo24Bit(), kOk);  // nothing left to do
 }
 
 TEST(BitmapImageTest, SixteenBitsInBothBitFieldLayoutsAndPlain) {
     auto word = [](std::uint16_t v) {
-        return [v](int, int, int byte) { return static_cast<std::uint8_t>(byte == 0 ? v & 0xFF : v >> 8); };
+        return [v](int, int, int byte) {
+            return static_cast<std::uint8_t>(byte == 0 ? v & 0xFF : v >> 8);
+        };
     };
     BmpLayout layout;
     layout.width = 1;
@@ -156,7 +165,8 @@ TEST(BitmapImageTest, ThirtyTwoBitsAreReadTwelveBytesAfterTheColorTable) {
     BitmapImage image;
     ASSERT_EQ(LoadBytes(&image, MakeBmp(layout)), kOk);
     for (int y = 0; y < 2; ++y) {
-        for (int x = 0; x < 2; ++x) ExpectBGR(image, x, y, Pattern(x, y, 0), Pattern(x, y, 1), Pattern(x, y, 2));
+        for (int x = 0; x < 2; ++x)
+            ExpectBGR(image, x, y, Pattern(x, y, 0), Pattern(x, y, 1), Pattern(x, y, 2));
     }
 
     // Plain 32-bit files are read 12 bytes late as well: row 0 starts at the
@@ -175,7 +185,7 @@ TEST(BitmapImageTest, UnsupportedFormatsAreRefused) {
         int bitCount;
         std::uint32_t compression;
         std::uint32_t headerSize;
-    } refused[] = {{1, 0, 40}, {4, 0, 40}, {8, 1, 40}, {4, 2, 40}, {24, 3, 40},
+    } refused[] = {{1, 0, 40}, {4, 0, 40},  {8, 1, 40},   {4, 2, 40}, {24, 3, 40},
                    {8, 3, 40}, {24, 0, 12}, {24, 0, 108}, {32, 4, 40}};
     for (const auto& r : refused) {
         BmpLayout layout;
@@ -191,15 +201,18 @@ TEST(BitmapImageTest, UnsupportedFormatsAreRefused) {
 
 TEST(BitmapImageTest, ZeroAndAbsurdSizesAreRefusedBeforeAllocating) {
     BitmapImage image;
-    const int sizes[][2] = {{0, 4}, {-3, 4}, {4, 0}, {100000, 100000}, {0x7FFFFFFF, 1}, {1, -2147483647 - 1}};
+    const int sizes[][2] = {{0, 4},           {-3, 4},         {4, 0},
+                            {100000, 100000}, {0x7FFFFFFF, 1}, {1, -2147483647 - 1}};
     for (const auto& size : sizes) {
         BmpLayout layout;
         layout.width = 1;
         layout.height = 1;
         std::vector<std::uint8_t> file = MakeBmp(layout);
         for (int i = 0; i < 4; ++i) {
-            file[18 + i] = static_cast<std::uint8_t>(static_cast<std::uint32_t>(size[0]) >> (8 * i));
-            file[22 + i] = static_cast<std::uint8_t>(static_cast<std::uint32_t>(size[1]) >> (8 * i));
+            file[18 + i] =
+                static_cast<std::uint8_t>(static_cast<std::uint32_t>(size[0]) >> (8 * i));
+            file[22 + i] =
+                static_cast<std::uint8_t>(static_cast<std::uint32_t>(size[1]) >> (8 * i));
         }
         EXPECT_EQ(LoadBytes(&image, file), kErrorUnsupportedFormat) << size[0] << " x " << size[1];
         EXPECT_EQ(image.pixels, nullptr);

@@ -19,8 +19,8 @@ void Put32(std::vector<std::uint8_t>& out, std::uint32_t v) {
 
 std::vector<std::uint8_t> MakeBmp(const BmpLayout& layout) {
     std::vector<std::uint8_t> out;
-    out.reserve(static_cast<std::size_t>(54 + (std::abs(layout.height) + 1) *
-                                              ((layout.width * layout.bitCount + 31) / 32 * 4)));
+    out.reserve(static_cast<std::size_t>(
+        54 + (std::abs(layout.height) + 1) * ((layout.width * layout.bitCount + 31) / 32 * 4)));
     out.push_back('B');
     out.push_back('M');
     Put32(out, 0);  // file size, patched below

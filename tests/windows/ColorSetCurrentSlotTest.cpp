@@ -1,9 +1,8 @@
 // The color set panel's current slot, which only the panel itself knows:
 // it follows clicks and a shrinking count.
-#include <gtest/gtest.h>
 #include <windows.h>
-
 #include <commctrl.h>
+#include <gtest/gtest.h>
 
 #include "WinTestSupport.h"
 #include "dialog/CDlgColor.h"

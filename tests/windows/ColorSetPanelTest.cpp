@@ -1,10 +1,9 @@
 // The color set panel in the real DLL: counts per effect, the palette
 // operations, registered sets and their settings file, the system color
 // chooser and the color slider, and the colors a host reads back.
-#include <gtest/gtest.h>
 #include <windows.h>
-
 #include <commctrl.h>
+#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <string>
@@ -19,7 +18,7 @@ const int kCountSpin = 1012;
 const int kSetList = 1038;
 
 class ColorSetPanelTest : public RemoteControlTest {
-protected:
+  protected:
     void SetUp() override {
         RemoveSettings();
         Open();
@@ -34,7 +33,9 @@ protected:
         Open();
     }
 
-    int Count() const { return static_cast<int>(SendDlgItemMessageW(panel, kCountSpin, UDM_GETPOS32, 0, 0)); }
+    int Count() const {
+        return static_cast<int>(SendDlgItemMessageW(panel, kCountSpin, UDM_GETPOS32, 0, 0));
+    }
     // As the up-down's arrows would set it.
     void SetCount(int n) const { SendDlgItemMessageW(panel, kCountSpin, UDM_SETPOS32, 0, n); }
     void Range(int* min, int* max) const {
@@ -47,7 +48,8 @@ protected:
         SendMessageW(panel, kSetPanelColor, i, reinterpret_cast<LPARAM>(bytes));
     }
     ColorRGB Slot(int i) const {
-        const auto* p = reinterpret_cast<const unsigned char*>(SendMessageW(panel, kGetPanelColor, i, 0));
+        const auto* p =
+            reinterpret_cast<const unsigned char*>(SendMessageW(panel, kGetPanelColor, i, 0));
         return p == nullptr ? ColorRGB(1, 2, 3) : ColorRGB(p[0], p[1], p[2]);
     }
     void Palette(std::initializer_list<ColorRGB> colors) const {
@@ -55,7 +57,9 @@ protected:
         int i = 0;
         for (const ColorRGB& c : colors) SetSlot(i++, c.red, c.green, c.blue);
     }
-    int Entries() const { return static_cast<int>(SendDlgItemMessageW(panel, kSetList, CB_GETCOUNT, 0, 0)); }
+    int Entries() const {
+        return static_cast<int>(SendDlgItemMessageW(panel, kSetList, CB_GETCOUNT, 0, 0));
+    }
     void SelectEntry(int entry) const {
         SendDlgItemMessageW(panel, kSetList, CB_SETCURSEL, entry, 0);
         SendMessageW(panel, WM_COMMAND, MAKEWPARAM(kSetList, CBN_SELCHANGE),
@@ -114,9 +118,11 @@ TEST_F(ColorSetPanelTest, SlotsBeyondTheCountKeepTheirColorsButAreNotHandedOut) 
 
 TEST_F(ColorSetPanelTest, RotationReversalAndTheirEnabling) {
     Palette({ColorRGB(1, 0, 0), ColorRGB(2, 0, 0)});
-    for (int id : {1021, 1022, 1024, 1026}) EXPECT_FALSE(IsWindowEnabled(GetDlgItem(panel, id))) << id;
+    for (int id : {1021, 1022, 1024, 1026})
+        EXPECT_FALSE(IsWindowEnabled(GetDlgItem(panel, id))) << id;
     Palette({ColorRGB(1, 0, 0), ColorRGB(2, 0, 0), ColorRGB(3, 0, 0), ColorRGB(4, 0, 0)});
-    for (int id : {1021, 1022, 1024, 1026}) EXPECT_TRUE(IsWindowEnabled(GetDlgItem(panel, id))) << id;
+    for (int id : {1021, 1022, 1024, 1026})
+        EXPECT_TRUE(IsWindowEnabled(GetDlgItem(panel, id))) << id;
 
     Click(panel, 1021);
     EXPECT_EQ(Slot(0).red, 2);
@@ -169,8 +175,8 @@ TEST_F(ColorSetPanelTest, RandomModeMenuChoosesTheCategoryWithoutFilling) {
         PopupMenuPicker picker(4);  // "灰色", after "全色", a separator, "原色", "ﾊﾟｽﾃﾙｶﾗｰ"
         Click(panel, 1025);
         ASSERT_TRUE(picker.seen());
-        const wchar_t* texts[] = {L"全色", L"", L"原色", L"ﾊﾟｽﾃﾙｶﾗｰ", L"灰色",
-                                  L"明色", L"暗色", L"暖色", L"寒色", L"近い色"};
+        const wchar_t* texts[] = {L"全色", L"",     L"原色", L"ﾊﾟｽﾃﾙｶﾗｰ", L"灰色",
+                                  L"明色", L"暗色", L"暖色", L"寒色",     L"近い色"};
         const UINT modes[] = {0, 0, 1, 2, 3, 5, 4, 7, 6, 20};
         ASSERT_EQ(picker.items().size(), 10u);
         for (int i = 0; i < 10; ++i) {
@@ -303,10 +309,11 @@ TEST_F(ColorSetPanelTest, HandWrittenSetsLoadAsWrittenAndNeverCrash) {
     EXPECT_NE(saved.find("ColorSet000=2 1 2 3 4 5 6"), std::string::npos) << saved;
     EXPECT_EQ(saved.find("ColorSet003"), std::string::npos) << saved;
 
-    const std::string junk[] = {std::string("[ColorTable]\r\nColorSet000=") + std::string(3000, '7'),
-                                "[ColorTable]\r\nColorSet000=-2147483648 1 2 3\r\nColorSet001=7" +
-                                    std::string(600, ' ') + "5",
-                                std::string("\xff\xfe[ColorTable]\r\nColorSet000=2 1\r\n")};
+    const std::string junk[] = {
+        std::string("[ColorTable]\r\nColorSet000=") + std::string(3000, '7'),
+        "[ColorTable]\r\nColorSet000=-2147483648 1 2 3\r\nColorSet001=7" + std::string(600, ' ') +
+            "5",
+        std::string("\xff\xfe[ColorTable]\r\nColorSet000=2 1\r\n")};
     for (const std::string& content : junk) {
         WriteSettings(content);
         Open();
@@ -353,7 +360,8 @@ TEST_F(ColorSetPanelTest, RightClickOpensTheSliderThatEditsSlotsLive) {
     std::wstring caption;
     SystemDialogWatcher watcher([&](HWND slider) {
         caption = WindowText(slider);
-        for (int i = 0; i < 3; ++i) barsAtOpening[i] = GetScrollPos(GetDlgItem(slider, 1020 + i), SB_CTL);
+        for (int i = 0; i < 3; ++i)
+            barsAtOpening[i] = GetScrollPos(GetDlgItem(slider, 1020 + i), SB_CTL);
         HWND red = GetDlgItem(slider, 1020);
         SendMessageW(slider, WM_HSCROLL, SB_LINERIGHT, reinterpret_cast<LPARAM>(red));
         whileOpen[0] = Slot(2);
@@ -362,7 +370,8 @@ TEST_F(ColorSetPanelTest, RightClickOpensTheSliderThatEditsSlotsLive) {
         // Step to slot 4: the bars follow it, and the next scroll edits it.
         SendDlgItemMessageW(slider, 1121, UDM_SETPOS32, 0, 4);
         HWND green = GetDlgItem(slider, 1021);
-        SendMessageW(slider, WM_HSCROLL, MAKEWPARAM(SB_THUMBTRACK, 100), reinterpret_cast<LPARAM>(green));
+        SendMessageW(slider, WM_HSCROLL, MAKEWPARAM(SB_THUMBTRACK, 100),
+                     reinterpret_cast<LPARAM>(green));
         whileOpen[2] = Slot(3);
         PressDialogButton(slider, IDOK);
     });

@@ -10,7 +10,7 @@ struct ControlCase {
     int id;
     const wchar_t* className;
     const wchar_t* text;
-    LONG kind;  // the style's low bits: button or static kind
+    LONG kind;   // the style's low bits: button or static kind
     RECT units;  // x, y, width, height in dialog units
     bool visible;
 };
@@ -77,8 +77,7 @@ TEST_F(DialogTemplateTest, DialogIsACaptionedPopupInTheJapaneseFontWithGradation
     EXPECT_EQ(client.bottom, units.bottom);
 
     LOGFONTW font = {};
-    GetObjectW(reinterpret_cast<HFONT>(SendMessageW(remote, WM_GETFONT, 0, 0)), sizeof font,
-               &font);
+    GetObjectW(reinterpret_cast<HFONT>(SendMessageW(remote, WM_GETFONT, 0, 0)), sizeof font, &font);
     EXPECT_EQ(std::wstring(font.lfFaceName), L"ＭＳ Ｐゴシック");
 
     EXPECT_EQ(IsDlgButtonChecked(remote, 1003), BST_CHECKED);

@@ -7,7 +7,7 @@
 namespace {
 
 class ErrorMessageTest : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         owner = CreateWindowW(L"STATIC", L"owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 100, 100,
                               nullptr, nullptr, nullptr, nullptr);
@@ -18,11 +18,16 @@ protected:
 
 TEST_F(ErrorMessageTest, EachCodeShowsItsMessageInAnOkBoxOwnedByTheWindow) {
     const wchar_t* expected[] = {
-        L"何らかのｴﾗｰが起りました。",          L"ﾒﾓﾘｰ不足です。",
-        L"配列の範囲外にｱｸｾｽしました。",       L"不適当なﾊﾟﾗﾒｰﾀｰです。",
-        L"ﾌｧｲﾙを開けませんでした。",           L"ﾌｧｲﾙからﾃﾞｰﾀを読み込めませんでした。",
-        L"ﾌｧｲﾙにﾃﾞｰﾀを書き込めませんでした。", L"未対応のﾃﾞｰﾀ形式です。",
-        L"ﾊﾞｰｼﾞｮﾝの異なるﾌｧｲﾙです。",         L"最大値を超えています。",
+        L"何らかのｴﾗｰが起りました。",
+        L"ﾒﾓﾘｰ不足です。",
+        L"配列の範囲外にｱｸｾｽしました。",
+        L"不適当なﾊﾟﾗﾒｰﾀｰです。",
+        L"ﾌｧｲﾙを開けませんでした。",
+        L"ﾌｧｲﾙからﾃﾞｰﾀを読み込めませんでした。",
+        L"ﾌｧｲﾙにﾃﾞｰﾀを書き込めませんでした。",
+        L"未対応のﾃﾞｰﾀ形式です。",
+        L"ﾊﾞｰｼﾞｮﾝの異なるﾌｧｲﾙです。",
+        L"最大値を超えています。",
         L"ﾃﾞｰﾀがありません。",
     };
     for (int code = -1; code >= -11; --code) {

@@ -11,7 +11,7 @@
 namespace {
 
 class ModuleTest : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override { RemoveSettings(); }
     void TearDown() override {
         PXColor_Close();
@@ -27,7 +27,8 @@ std::vector<std::string> ExportedNames(HMODULE module, WORD* machine, WORD* magi
     *magic = nt->OptionalHeader.Magic;
     const IMAGE_DATA_DIRECTORY& dir =
         nt->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_EXPORT];
-    const auto* exports = reinterpret_cast<const IMAGE_EXPORT_DIRECTORY*>(base + dir.VirtualAddress);
+    const auto* exports =
+        reinterpret_cast<const IMAGE_EXPORT_DIRECTORY*>(base + dir.VirtualAddress);
     const auto* names = reinterpret_cast<const DWORD*>(base + exports->AddressOfNames);
     std::vector<std::string> result;
     for (DWORD i = 0; i < exports->NumberOfNames; ++i) {
@@ -49,9 +50,9 @@ TEST_F(ModuleTest, ExportTableHoldsExactlyTheTenUndecoratedFunctions) {
         if (name.rfind("PXColor_", 0) == 0) functions.insert(name);
     }
     const std::set<std::string> expected = {
-        "PXColor_Open",         "PXColor_Close",        "PXColor_ShowWindow",
-        "PXColor_GetShow",      "PXColor_SetTitle",     "PXColor_GetGradation",
-        "PXColor_GetTile",      "PXColor_GetStripe",    "PXColor_GetDensityPattern",
+        "PXColor_Open",      "PXColor_Close",     "PXColor_ShowWindow",
+        "PXColor_GetShow",   "PXColor_SetTitle",  "PXColor_GetGradation",
+        "PXColor_GetTile",   "PXColor_GetStripe", "PXColor_GetDensityPattern",
         "PXColor_GetMapping"};
     EXPECT_EQ(functions, expected);
     for (const std::string& name : expected) {

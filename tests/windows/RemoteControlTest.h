@@ -7,7 +7,7 @@
 #include "WinTestSupport.h"
 
 class RemoteControlTest : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         RemoveSettings();
         Open();

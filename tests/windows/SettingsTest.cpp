@@ -7,7 +7,7 @@
 namespace {
 
 class SettingsTest : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override { RemoveSettings(); }
     void TearDown() override {
         PXColor_Close();

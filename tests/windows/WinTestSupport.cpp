@@ -47,7 +47,9 @@ TestHost::TestHost(UINT message) : message_(message) {
                                    100, nullptr, nullptr, GetModuleHandleW(nullptr), this);
 }
 
-TestHost::~TestHost() { DestroyWindow(layout_.m_hWnd); }
+TestHost::~TestHost() {
+    DestroyWindow(layout_.m_hWnd);
+}
 
 LRESULT CALLBACK TestHost::Proc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
     if (msg == WM_NCCREATE) {
@@ -90,7 +92,8 @@ bool PumpUntil(const std::function<bool()>& done, DWORD milliseconds) {
 
 std::vector<HWND> RemoteControls() {
     std::vector<HWND> found;
-    EnumThreadWindows(GetCurrentThreadId(), CollectRemoteControls, reinterpret_cast<LPARAM>(&found));
+    EnumThreadWindows(GetCurrentThreadId(), CollectRemoteControls,
+                      reinterpret_cast<LPARAM>(&found));
     return found;
 }
 
@@ -99,7 +102,9 @@ HWND RemoteControl() {
     return found.empty() ? nullptr : found.front();
 }
 
-void Click(HWND dialog, int id) { SendMessageW(GetDlgItem(dialog, id), BM_CLICK, 0, 0); }
+void Click(HWND dialog, int id) {
+    SendMessageW(GetDlgItem(dialog, id), BM_CLICK, 0, 0);
+}
 
 std::wstring WindowText(HWND hwnd) {
     wchar_t text[512] = {};
@@ -186,7 +191,9 @@ void CALLBACK PopupMenuPicker::OnTimer(HWND, UINT, UINT_PTR, DWORD) {
     PostMessageW(menuWindow, WM_KEYDOWN, VK_RETURN, 0);
 }
 
-HWND ColorSetPanelOf(HWND remote) { return GetWindow(GetDlgItem(remote, 1027), GW_CHILD); }
+HWND ColorSetPanelOf(HWND remote) {
+    return GetWindow(GetDlgItem(remote, 1027), GW_CHILD);
+}
 
 std::wstring SettingsPath() {
     wchar_t path[MAX_PATH] = {};
@@ -195,7 +202,9 @@ std::wstring SettingsPath() {
     return p.substr(0, p.find_last_of(L"\\/")) + L"\\PXColor.ini";
 }
 
-void RemoveSettings() { DeleteFileW(SettingsPath().c_str()); }
+void RemoveSettings() {
+    DeleteFileW(SettingsPath().c_str());
+}
 
 void WriteSettings(const std::string& content) {
     FILE* f = _wfopen(SettingsPath().c_str(), L"wb");

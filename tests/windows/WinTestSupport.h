@@ -14,7 +14,7 @@
 const UINT kNotifyMessage = WM_APP + 0x300;
 
 class TestHost {
-public:
+  public:
     struct Notification {
         std::string name;
         WPARAM wParam;
@@ -31,7 +31,7 @@ public:
     const std::vector<Notification>& received() const { return received_; }
     void Clear() { received_.clear(); }
 
-private:
+  private:
     static LRESULT CALLBACK Proc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam);
     VellHostWindow layout_ = {};
     UINT message_;
@@ -59,7 +59,7 @@ std::wstring WindowText(HWND hwnd);
 // that this thread shows: records its caption and text and presses
 // `buttonId`. It runs from a thread timer, inside the dialog's own loop.
 class SystemDialogWatcher {
-public:
+  public:
     struct Seen {
         std::wstring caption;
         std::wstring text;
@@ -73,7 +73,7 @@ public:
 
     const std::vector<Seen>& seen() const { return seen_; }
 
-private:
+  private:
     static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD);
     int buttonId_;
     std::function<void(HWND)> action_;
@@ -86,7 +86,7 @@ private:
 // items and which one is checked, then picks the item at `position`
 // (counting separators too), or dismisses the menu when `position` is -1.
 class PopupMenuPicker {
-public:
+  public:
     struct Item {
         std::wstring text;
         UINT id;
@@ -99,7 +99,7 @@ public:
     const std::vector<Item>& items() const { return items_; }
     bool seen() const { return seen_; }
 
-private:
+  private:
     static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD);
     int position_;
     UINT_PTR timer_;
