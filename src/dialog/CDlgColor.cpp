@@ -76,6 +76,8 @@ void ShowPanel(int templateId, int command) {
 void PlacePanel(int templateId, HWND frame, int minTop) {
     Dialog* panel = PanelByTemplate(templateId);
     if (panel == nullptr || !panel->CreateModeless(frame)) return;
+    // Tab and the arrow keys reach the panel's controls through the frame.
+    SetWindowLongW(frame, GWL_EXSTYLE, GetWindowLongW(frame, GWL_EXSTYLE) | WS_EX_CONTROLPARENT);
     RECT area, own;
     GetClientRect(frame, &area);
     GetClientRect(panel->hwnd(), &own);

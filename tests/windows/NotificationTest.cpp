@@ -61,6 +61,14 @@ TEST_F(NotificationTest, SpaceBarAnywhereInTheDialogUpdatesOnce) {
     EXPECT_EQ(IsDlgButtonChecked(remote, 1009), BST_CHECKED);
 }
 
+TEST_F(NotificationTest, TabMovesFromTheEffectsIntoTheColorPanel) {
+    SetFocus(GetDlgItem(remote, 1003));
+    PostMessageW(GetFocus(), WM_KEYDOWN, VK_TAB, 0x000F0001);
+    PumpMessages();
+    EXPECT_TRUE(IsChild(ColorSetPanelOf(remote), GetFocus()));
+    EXPECT_TRUE(host.received().empty());
+}
+
 TEST_F(NotificationTest, PanelsAskForUpdateThroughTheKeyDownMessage) {
     SendMessageW(remote, WM_APP + 1000, 0, VK_SPACE);
     SendMessageW(remote, WM_APP + 1000, 0, 'A');
