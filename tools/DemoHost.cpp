@@ -33,17 +33,13 @@ std::wstring Hex(const ColorRGB& c) {
     return text;
 }
 
+ColorRGB AsBytes(const ColorRGB& c) { return c; }
+ColorRGB AsBytes(const ColorF& c) { return c.ToRGB(); }
+
 template <typename Color>
 std::wstring ColorList(int count, const Color* colors) {
     std::wstring text = L"    " + std::to_wstring(count) + L" colors:";
-    for (int i = 0; i < count && colors != nullptr; ++i) text += Hex(colors[i]);
-    return text;
-}
-
-template <>
-std::wstring ColorList(int count, const ColorF* colors) {
-    std::wstring text = L"    " + std::to_wstring(count) + L" colors:";
-    for (int i = 0; i < count && colors != nullptr; ++i) text += Hex(colors[i].ToRGB());
+    for (int i = 0; i < count && colors != nullptr; ++i) text += Hex(AsBytes(colors[i]));
     return text;
 }
 
