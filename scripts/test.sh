@@ -38,6 +38,8 @@ done
 
 step "Windows build and tests under Wine"
 build_windows
-"$root/scripts/with-display.sh" bash -c "
+# Always a private virtual display: a known screen size, and nothing on a
+# real desktop can take the focus from the tests.
+VELL_XVFB=1 "$root/scripts/with-display.sh" bash -c "
   '$root/scripts/wine-prefix.sh' &&
   ctest --test-dir '$build/windows' --output-on-failure"

@@ -95,6 +95,9 @@ TEST_F(ModuleTest, TitleReplacesTheCaption) {
     EXPECT_EQ(WindowText(RemoteControl()), L"ｶﾗｰﾘﾝｸﾞ ﾘﾓｺﾝ");
     PXColor_SetTitle("Colors for layer 2");
     EXPECT_EQ(WindowText(RemoteControl()), L"Colors for layer 2");
+    // Hosts pass text in the system code page: Shift-JIS on Japanese systems.
+    PXColor_SetTitle("\x83\x4A\x83\x89\x81\x5B 2");
+    EXPECT_EQ(WindowText(RemoteControl()), L"カラー 2");
 }
 
 TEST_F(ModuleTest, CloseBoxMinimizesAndHides) {
