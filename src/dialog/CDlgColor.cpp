@@ -374,9 +374,8 @@ void CDlgColor::SaveParameter() {
     WINDOWPLACEMENT placement = {};
     placement.length = sizeof placement;
     GetWindowPlacement(hwnd(), &placement);
-    const auto number = [](long value) { return std::to_string(value); };
-    settings.Write(kWindowSection, L"Top", number(placement.rcNormalPosition.top));
-    settings.Write(kWindowSection, L"Left", number(placement.rcNormalPosition.left));
+    settings.Write(kWindowSection, L"Top", std::to_string(placement.rcNormalPosition.top));
+    settings.Write(kWindowSection, L"Left", std::to_string(placement.rcNormalPosition.left));
     settings.Write(kWindowSection, L"Display", placement.showCmd == SW_SHOWMINIMIZED ? "0" : "1");
 
     const ColorSetList* sets = ColorSetPanel().GetColorSetList();
