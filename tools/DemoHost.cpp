@@ -33,8 +33,12 @@ std::wstring Hex(const ColorRGB& c) {
     return text;
 }
 
-ColorRGB AsBytes(const ColorRGB& c) { return c; }
-ColorRGB AsBytes(const ColorF& c) { return c.ToRGB(); }
+ColorRGB AsBytes(const ColorRGB& c) {
+    return c;
+}
+ColorRGB AsBytes(const ColorF& c) {
+    return c.ToRGB();
+}
 
 template <typename Color>
 std::wstring ColorList(int count, const Color* colors) {

@@ -91,18 +91,10 @@ BOOL CDlgColorSet::OnInitDialog() {
     return TRUE;
 }
 
-int CDlgColorSet::RangeMin() const {
-    int min = 0, max = 0;
-    SendDlgItemMessageW(hwnd(), IDC_SET_COUNT_SPIN, UDM_GETRANGE32, reinterpret_cast<WPARAM>(&min),
-                        reinterpret_cast<LPARAM>(&max));
-    return min;
-}
-
-int CDlgColorSet::RangeMax() const {
-    int min = 0, max = 0;
-    SendDlgItemMessageW(hwnd(), IDC_SET_COUNT_SPIN, UDM_GETRANGE32, reinterpret_cast<WPARAM>(&min),
-                        reinterpret_cast<LPARAM>(&max));
-    return max;
+void CDlgColorSet::CountRange(int* min, int* max) const {
+    *min = *max = 0;
+    SendDlgItemMessageW(hwnd(), IDC_SET_COUNT_SPIN, UDM_GETRANGE32, reinterpret_cast<WPARAM>(min),
+                        reinterpret_cast<LPARAM>(max));
 }
 
 void CDlgColorSet::SetColorCountRange(int min, int max) {
@@ -151,7 +143,8 @@ void CDlgColorSet::RefillColorSetCombo(int selection) {
     HWND combo = Item(IDC_SET_LIST);
     if (combo == nullptr) return;
     SendMessageW(combo, CB_RESETCONTENT, 0, 0);
-    const int min = RangeMin(), max = RangeMax();
+    int min, max;
+    CountRange(&min, &max);
     for (int i = 0; setList_ != nullptr && i < setList_->count(); ++i) {
         const int count = setList_->item(i)->count;
         if (count < min || count > max) continue;

@@ -57,8 +57,7 @@ class CDlgColorSet : public Dialog {
     void MakeCurrent(int index);
     void UpdateEnabledButtons() const;
     int SwatchIndexOf(HWND window) const;
-    int RangeMin() const;
-    int RangeMax() const;
+    void CountRange(int* min, int* max) const;
 
     ColorRGB palette_[kSlots];
     int current_ = 0;

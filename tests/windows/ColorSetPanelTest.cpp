@@ -181,7 +181,9 @@ TEST_F(ColorSetPanelTest, RandomModeMenuChoosesTheCategoryWithoutFilling) {
         ASSERT_EQ(picker.items().size(), 10u);
         for (int i = 0; i < 10; ++i) {
             EXPECT_EQ(picker.items()[i].text, texts[i]) << i;
-            if (i != 1) EXPECT_EQ(picker.items()[i].id, 0x83E8u + modes[i]) << i;
+            if (i != 1) {
+                EXPECT_EQ(picker.items()[i].id, 0x83E8u + modes[i]) << i;
+            }
         }
         EXPECT_TRUE(picker.items()[0].checked);
     }

@@ -112,13 +112,11 @@ std::wstring WindowText(HWND hwnd) {
     return text;
 }
 
-SystemDialogWatcher::SystemDialogWatcher(int buttonId) : buttonId_(buttonId) {
-    g_watcher = this;
-    timer_ = SetTimer(nullptr, 0, 30, OnTimer);
-}
+SystemDialogWatcher::SystemDialogWatcher(int buttonId)
+    : SystemDialogWatcher([buttonId](HWND box) { PressDialogButton(box, buttonId); }) {}
 
 SystemDialogWatcher::SystemDialogWatcher(std::function<void(HWND)> action)
-    : buttonId_(IDOK), action_(std::move(action)) {
+    : action_(std::move(action)) {
     g_watcher = this;
     timer_ = SetTimer(nullptr, 0, 30, OnTimer);
 }
@@ -141,11 +139,7 @@ void CALLBACK SystemDialogWatcher::OnTimer(HWND, UINT, UINT_PTR, DWORD) {
         wchar_t text[512] = {};
         GetDlgItemTextW(box, 0xFFFF, text, 512);  // a message box's text
         g_watcher->seen_.push_back({WindowText(box), text, GetWindow(box, GW_OWNER)});
-        if (g_watcher->action_) {
-            g_watcher->action_(box);
-        } else {
-            PressDialogButton(box, g_watcher->buttonId_);
-        }
+        g_watcher->action_(box);
     }
 }
 

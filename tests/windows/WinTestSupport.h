@@ -75,7 +75,6 @@ class SystemDialogWatcher {
 
   private:
     static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD);
-    int buttonId_;
     std::function<void(HWND)> action_;
     UINT_PTR timer_;
     std::vector<Seen> seen_;
