@@ -21,16 +21,28 @@ add_library(vellwin OBJECT
   src/dialog/ShowErrorMessage.cpp
   src/panels/CDlgColorSet.cpp
   src/panels/CDlgColorSlider.cpp
+  src/panels/CDlgGradation.cpp
+  src/panels/CDlgTile.cpp
   src/panels/ColorLabelPainter.cpp
+  src/panels/PanelControls.cpp
   src/panels/Panels.cpp
 )
 target_include_directories(vellwin PUBLIC include src resources)
 target_compile_definitions(vellwin PUBLIC VELLCOLOR_BUILDING_DLL)
 
+# 64-bit Windows has one calling convention and no @N decoration.
+set(VELL_DEF ${CMAKE_SOURCE_DIR}/src/module/VellColor.def)
+if(CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64")
+  file(READ ${VELL_DEF} def_text)
+  string(REGEX REPLACE "@[0-9]+" "" def_text "${def_text}")
+  set(VELL_DEF ${CMAKE_BINARY_DIR}/VellColor.def)
+  file(WRITE ${VELL_DEF} "${def_text}")
+endif()
+
 add_library(VellColor SHARED
   src/module/VellColorModule.cpp
   resources/VellColor.rc
-  src/module/VellColor.def
+  ${VELL_DEF}
 )
 set_target_properties(VellColor PROPERTIES PREFIX "" OUTPUT_NAME VellColor)
 target_include_directories(VellColor PRIVATE include src resources)
@@ -46,10 +58,10 @@ set_target_properties(VellColor PROPERTIES
 # names too, but a compiler calling a __stdcall function looks for
 # PXColor_Open@8. dlltool keeps that symbol and imports it by the plain name.
 # The linker's library (libVellColor-cxx.dll.a) adds the exported classes.
-find_program(VELL_DLLTOOL i686-w64-mingw32-dlltool REQUIRED)
+find_program(VELL_DLLTOOL ${CMAKE_SYSTEM_PROCESSOR}-w64-mingw32-dlltool REQUIRED)
 set(VELL_IMPORT_LIB ${CMAKE_ARCHIVE_OUTPUT_DIRECTORY}/libVellColor.dll.a)
 add_custom_command(TARGET VellColor POST_BUILD
-  COMMAND ${VELL_DLLTOOL} --kill-at --input-def ${CMAKE_SOURCE_DIR}/src/module/VellColor.def
+  COMMAND ${VELL_DLLTOOL} --kill-at --input-def ${VELL_DEF}
           --dllname VellColor.dll --output-lib ${VELL_IMPORT_LIB}
   VERBATIM)
 add_library(VellColorImport INTERFACE)
@@ -98,4 +110,4 @@ add_test(NAME win_internal_tests COMMAND win_internal_tests)
 # Windows tests share one display and the settings file beside them.
 set_tests_properties(win_module_tests win_notification_tests win_settings_tests
                      win_layout_tests win_internal_tests win_color_set_tests
-                     PROPERTIES RUN_SERIAL TRUE)
+                     PROPERTIES RUN_SERIAL TRUE TIMEOUT 600)

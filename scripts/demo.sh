@@ -6,7 +6,7 @@ set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 ensure_tools
 build_windows >/dev/null
-host="$build/windows/bin/VellDemoHost.exe"
+host="$windows_build/bin/VellDemoHost.exe"
 
 if [ -n "${DISPLAY:-}" ] && [ "${VELL_XVFB:-0}" != 1 ]; then
   "$root/scripts/wine-prefix.sh"

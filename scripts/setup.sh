@@ -70,6 +70,13 @@ install_list "${packages_native[@]}"
 install_list "${packages_windows[@]}"
 install_wine32
 
+# A machine that cannot execute 32-bit code runs the Windows tests on a
+# 64-bit build under 64-bit Wine (scripts/common.sh).
+if ! /usr/lib/wine/wine --version >/dev/null 2>&1; then
+  echo "setup: this machine cannot run 32-bit programs; adding the 64-bit Wine and toolchain"
+  install_list wine64 g++-mingw-w64-x86-64 binutils-mingw-w64-x86-64 mingw-w64-x86-64-dev
+fi
+
 for tool in cmake g++ clang i686-w64-mingw32-g++ i686-w64-mingw32-windres wine Xvfb; do
   command -v "$tool" >/dev/null || { echo "setup: $tool is still missing" >&2; exit 1; }
 done

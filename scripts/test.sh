@@ -36,10 +36,14 @@ for target in dib_reader path_splitter; do
   fi
 done
 
-step "Windows build and tests under Wine"
+step "Windows build and tests under ${wine_bits}-bit Wine"
+if [ "$wine_bits" = 64 ]; then
+  echo "This machine cannot execute 32-bit code: the 32-bit DLL is built, and the"
+  echo "tests run a 64-bit build of the same sources."
+fi
 build_windows
 # Always a private virtual display: a known screen size, and nothing on a
 # real desktop can take the focus from the tests.
 VELL_XVFB=1 "$root/scripts/with-display.sh" bash -c "
   '$root/scripts/wine-prefix.sh' &&
-  ctest --test-dir '$build/windows' --output-on-failure"
+  ctest --test-dir '$windows_build' --output-on-failure"

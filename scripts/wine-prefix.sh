@@ -8,7 +8,7 @@ set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 [ -f "$WINEPREFIX/.vellcolor-ready" ] && exit 0
 mkdir -p "$WINEPREFIX"
-in_wine_locale wineboot --init >/dev/null 2>&1 || true
+in_wine_locale "$wine_loader" wineboot --init >/dev/null 2>&1 || true
 # A program started before the prefix settles can fail to create windows.
 wineserver -w
 # Wine's own fonts (Marlett draws the caption buttons) where this Wine does
@@ -22,6 +22,6 @@ reg="$WINEPREFIX/fonts.reg"
   printf 'Windows Registry Editor Version 5.00\r\n\r\n[HKEY_CURRENT_USER\\Software\\Wine\\Fonts\\Replacements]\r\n"ＭＳ Ｐゴシック"="IPAPGothic"\r\n"ＭＳ ゴシック"="IPAGothic"\r\n\r\n[HKEY_CURRENT_USER\\Software\\Wine\\X11 Driver]\r\n"Managed"="N"\r\n' |
     iconv -f UTF-8 -t UTF-16LE
 } >"$reg"
-in_wine_locale wine regedit /S "$reg" >/dev/null 2>&1
+in_wine_locale "$wine_loader" regedit /S "$reg" >/dev/null 2>&1
 wineserver -w
 touch "$WINEPREFIX/.vellcolor-ready"

@@ -8,11 +8,13 @@
 #include <vector>
 
 #include "HostWindow.h"
-#include "PrivateMessages.h"
+#include "framework/PrivateMessages.h"
 #include "ResourceIds.h"
 #include "SettingsFile.h"
 #include "framework/SystemDialogs.h"
 #include "panels/CDlgColorSet.h"
+#include "panels/CDlgGradation.h"
+#include "panels/CDlgTile.h"
 #include "panels/Panels.h"
 #include "params/ColorSetText.h"
 #include "vellcolor/KTEffectDensityPattern.h"
@@ -162,6 +164,10 @@ void CDlgColor::ChangeSubDlg(int nPanelTemplateId) {
         SetDlgItemTextW(hwnd(), IDC_EFFECT_FRAME, caption);
         if (minColors == 0) {
             ShowPanel(IDD_IMAGE_SOURCE, SW_SHOW);
+        } else if (nPanelTemplateId == IDD_GRADATION && GradationPanel().GetType() == 7) {
+            // Four corners take four colors; the range stays as it was.
+            ShowPanel(IDD_COLOR_SET, SW_SHOW);
+            ColorSetPanel().SetColorCount(4);
         } else {
             ShowPanel(IDD_COLOR_SET, SW_SHOW);
             CDlgColorSet& colors = ColorSetPanel();
@@ -171,13 +177,15 @@ void CDlgColor::ChangeSubDlg(int nPanelTemplateId) {
     InvalidateRect(hwnd(), nullptr, TRUE);
 }
 
-// The colors come from the color set panel whatever the chosen effect;
-// each effect panel writes its own values first once it is built.
+// The effect's panel writes its values, then the colors come from the
+// color set panel whatever the chosen effect.
 void CDlgColor::GetEffect(KTEffectGradation& gradation) {
+    GradationPanel().CollectParameters(gradation);
     CopyPanelColors(gradation);
 }
 
 void CDlgColor::GetEffect(KTEffectTile& tile) {
+    TilePanel().CollectParameters(tile);
     CopyPanelColors(tile);
 }
 

@@ -51,8 +51,13 @@ bool Filter(MSG* msg) {
         if ((GetWindowLongW(h, GWL_STYLE) & WS_CHILD) == 0) break;
         h = GetParent(h);
     }
-    // Modal dialogs run the system's loop, which does this already.
-    if (top != nullptr && !top->IsModal() && IsDialogMessageW(top->hwnd(), msg)) return true;
+    // Only keyboard messages need the dialog manager. Anything else it would
+    // dispatch here, inside the hook, and a scroll bar thumb or a drop-down
+    // would then run its own loop from within it. Modal dialogs run the
+    // system's loop, which does this already.
+    const bool keyboard = msg->message >= WM_KEYFIRST && msg->message <= WM_KEYLAST;
+    if (keyboard && top != nullptr && !top->IsModal() && IsDialogMessageW(top->hwnd(), msg))
+        return true;
     return false;
 }
 

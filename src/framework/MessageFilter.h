@@ -2,8 +2,8 @@
 // PreTranslateMessage. While any of our dialogs exists, a thread
 // WH_GETMESSAGE hook does it instead: a message for one of our windows goes
 // through the filter of the dialog it is for and then its ancestors, then
-// IsDialogMessage of the top modeless dialog for keyboard navigation. A
-// consumed message becomes WM_NULL.
+// IsDialogMessage of the top modeless dialog for keyboard navigation (keyboard
+// messages only). A consumed message becomes WM_NULL.
 #pragma once
 
 #include <windows.h>

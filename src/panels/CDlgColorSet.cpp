@@ -8,7 +8,7 @@
 #include "CDlgColorSlider.h"
 #include "ColorLabelPainter.h"
 #include "ResourceIds.h"
-#include "dialog/PrivateMessages.h"
+#include "framework/PrivateMessages.h"
 #include "framework/Gdi.h"
 #include "framework/ScrollBars.h"
 #include "framework/SystemDialogs.h"

@@ -3,7 +3,7 @@
 #include <commctrl.h>
 
 #include "ResourceIds.h"
-#include "dialog/PrivateMessages.h"
+#include "framework/PrivateMessages.h"
 #include "framework/Gdi.h"
 #include "framework/ScrollBars.h"
 

@@ -1,19 +1,33 @@
 #include "Panels.h"
 
 #include "CDlgColorSet.h"
+#include "CDlgGradation.h"
+#include "CDlgTile.h"
 #include "ResourceIds.h"
 
 namespace {
 CDlgColorSet g_dlgColorSet;
-}
+CDlgGradation g_dlgGradation;
+CDlgTile g_dlgTile;
+}  // namespace
 
 CDlgColorSet& ColorSetPanel() {
     return g_dlgColorSet;
 }
 
+CDlgGradation& GradationPanel() {
+    return g_dlgGradation;
+}
+
+CDlgTile& TilePanel() {
+    return g_dlgTile;
+}
+
 Dialog* PanelByTemplate(int templateId) {
     switch (templateId) {
         case IDD_COLOR_SET: return &g_dlgColorSet;
-        default: return nullptr;  // the effect panels and the image source are not built yet
+        case IDD_GRADATION: return &g_dlgGradation;
+        case IDD_TILE: return &g_dlgTile;
+        default: return nullptr;  // the other panels are not built yet
     }
 }

@@ -4,9 +4,13 @@
 
 class Dialog;
 class CDlgColorSet;
+class CDlgGradation;
+class CDlgTile;
 
 // The panel of a template, or null for a template that has no panel in
 // this build.
 Dialog* PanelByTemplate(int templateId);
 
 CDlgColorSet& ColorSetPanel();
+CDlgGradation& GradationPanel();
+CDlgTile& TilePanel();

@@ -22,7 +22,7 @@ class ModuleTest : public ::testing::Test {
 std::vector<std::string> ExportedNames(HMODULE module, WORD* machine, WORD* magic) {
     const auto* base = reinterpret_cast<const unsigned char*>(module);
     const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
-    const auto* nt = reinterpret_cast<const IMAGE_NT_HEADERS32*>(base + dos->e_lfanew);
+    const auto* nt = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
     *machine = nt->FileHeader.Machine;
     *magic = nt->OptionalHeader.Magic;
     const IMAGE_DATA_DIRECTORY& dir =
@@ -42,8 +42,13 @@ TEST_F(ModuleTest, ExportTableHoldsExactlyTheTenUndecoratedFunctions) {
     ASSERT_NE(module, nullptr);
     WORD machine = 0, magic = 0;
     const std::vector<std::string> names = ExportedNames(module, &machine, &magic);
+#if defined(__i386__)
     EXPECT_EQ(machine, IMAGE_FILE_MACHINE_I386);
     EXPECT_EQ(magic, IMAGE_NT_OPTIONAL_HDR32_MAGIC);
+#else  // the 64-bit test build
+    EXPECT_EQ(machine, IMAGE_FILE_MACHINE_AMD64);
+    EXPECT_EQ(magic, IMAGE_NT_OPTIONAL_HDR64_MAGIC);
+#endif
 
     std::set<std::string> functions;
     for (const std::string& name : names) {

@@ -61,11 +61,11 @@ TEST_F(NotificationTest, SpaceBarAnywhereInTheDialogUpdatesOnce) {
     EXPECT_EQ(IsDlgButtonChecked(remote, 1009), BST_CHECKED);
 }
 
-TEST_F(NotificationTest, TabMovesFromTheEffectsIntoTheColorPanel) {
+TEST_F(NotificationTest, TabMovesFromTheEffectsIntoTheEffectPanel) {
     SetFocus(GetDlgItem(remote, 1003));
     PostMessageW(GetFocus(), WM_KEYDOWN, VK_TAB, 0x000F0001);
     PumpMessages();
-    EXPECT_TRUE(IsChild(ColorSetPanelOf(remote), GetFocus()));
+    EXPECT_TRUE(IsChild(GetDlgItem(remote, 1002), GetFocus()));
     EXPECT_TRUE(host.received().empty());
 }
 
