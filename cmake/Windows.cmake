@@ -96,9 +96,11 @@ vell_dll_test(win_notification_tests tests/windows/NotificationTest.cpp)
 vell_dll_test(win_settings_tests tests/windows/SettingsTest.cpp)
 vell_dll_test(win_layout_tests tests/windows/LayoutTest.cpp)
 vell_dll_test(win_color_set_tests tests/windows/ColorSetPanelTest.cpp)
+vell_dll_test(win_geometric_panel_tests tests/windows/GeometricPanelsTest.cpp)
 
 # Programs that link the Win32 layer itself, for what the DLL does not export.
 add_executable(win_internal_tests tests/windows/ErrorMessageTest.cpp
+                                  tests/windows/GradationDisplayTest.cpp
                                   tests/windows/ColorSetCurrentSlotTest.cpp resources/VellColor.rc)
 set_source_files_properties(resources/VellColor.rc PROPERTIES
   COMPILE_FLAGS "-I${CMAKE_SOURCE_DIR}/resources -c 65001")
@@ -110,4 +112,5 @@ add_test(NAME win_internal_tests COMMAND win_internal_tests)
 # Windows tests share one display and the settings file beside them.
 set_tests_properties(win_module_tests win_notification_tests win_settings_tests
                      win_layout_tests win_internal_tests win_color_set_tests
+                     win_geometric_panel_tests
                      PROPERTIES RUN_SERIAL TRUE TIMEOUT 600)

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # The main job: builds what is missing and opens the remote control in the
 # demo host. Without a display it runs under a virtual one, saves a
-# screenshot of the screen and prints its path.
+# screenshot of the screen and prints its path. VELL_SHOW=tile (or another
+# effect's notification name) opens that effect and presses update once.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 ensure_tools
@@ -16,7 +17,8 @@ fi
 shot="${VELL_SCREENSHOT:-$build/remote-control.png}"
 run_and_shoot() {
   "$root/scripts/wine-prefix.sh"
-  (cd "$(dirname "$host")" && "$root/scripts/wine-run.sh" "$host" --quit-after 15000) &
+  (cd "$(dirname "$host")" && "$root/scripts/wine-run.sh" "$host" --quit-after 15000 \
+    ${VELL_SHOW:+--show "$VELL_SHOW"}) &
   local pid=$!
   sleep "${VELL_SHOT_DELAY:-6}"
   import -window root "$shot"

@@ -1,6 +1,7 @@
 // The demo host: a small Win32 program that loads VellColor.dll as a drawing
 // program would, opens the remote control and lists every notification it
-// receives. "--quit-after MS" closes it by itself (for screenshots).
+// receives. "--quit-after MS" closes it by itself and "--show EFFECT" picks
+// an effect (for screenshots).
 #include <windows.h>
 
 #include <cstdio>
@@ -47,16 +48,33 @@ std::wstring ColorList(int count, const Color* colors) {
     return text;
 }
 
+// One line of "name value" pairs, printf style.
+template <typename... Values>
+void AddFields(const wchar_t* format, Values... values) {
+    wchar_t line[256];
+    std::swprintf(line, 256, format, values...);
+    AddLine(line);
+}
+
 // What a drawing program does next: read the effect's parameters back.
 void ShowParameters(const std::string& name) {
     if (name == "gradation") {
-        KTEffectGradation gradation;
-        PXColor_GetGradation(gradation);
-        AddLine(ColorList(gradation.colorCount, gradation.colors));
+        KTEffectGradation g;
+        PXColor_GetGradation(g);
+        AddFields(L"    type %d  mix %.4g  bias %.4g  angle %.4g  repeat %d", g.type, g.mix, g.bias,
+                  g.angle, g.repeat);
+        AddFields(L"    spiral angle %.6g  hue interpolation %d  factor %.4g", g.spiralAngle,
+                  g.hueInterpolation, g.factor);
+        AddLine(ColorList(g.colorCount, g.colors));
     } else if (name == "tile") {
-        KTEffectTile tile;
-        PXColor_GetTile(tile);
-        AddLine(ColorList(tile.colorCount, tile.colors));
+        KTEffectTile t;
+        PXColor_GetTile(t);
+        AddFields(L"    shape %d  size %.6g x %.6g  seam %.4g  angle %.4g  coloring %d", t.shape,
+                  t.width, t.height, t.seamWidth, t.angle, t.coloring);
+        AddFields(
+            L"    row shift %.4g  round %d  corner cut %.4g  transparent seam %d  seam color%ls",
+            t.rowShift, t.roundCorners, t.cornerCut, t.transparentSeam, Hex(t.seamColor).c_str());
+        AddLine(ColorList(t.colorCount, t.colors));
     } else if (name == "stripe") {
         KTEffectStripe stripe;
         PXColor_GetStripe(stripe);
@@ -110,15 +128,36 @@ LRESULT CALLBACK HostProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
     }
 }
 
-int QuitAfterMilliseconds() {
+// The value after `option` on the command line, or "".
+std::wstring OptionValue(const wchar_t* option) {
     int argc = 0;
     LPWSTR* argv = CommandLineToArgvW(GetCommandLineW(), &argc);
-    int ms = 0;
+    std::wstring value;
     for (int i = 1; argv != nullptr && i + 1 < argc; ++i) {
-        if (std::wcscmp(argv[i], L"--quit-after") == 0) ms = _wtoi(argv[i + 1]);
+        if (std::wcscmp(argv[i], option) == 0) value = argv[i + 1];
     }
     LocalFree(argv);
-    return ms;
+    return value;
+}
+
+// "--show EFFECT" picks that effect in the remote control and presses its
+// update button once, so a screenshot shows the panel and what the host
+// read back.
+void ShowEffect(const std::wstring& effect) {
+    const struct {
+        const wchar_t* name;
+        int radio;
+    } effects[] = {{L"gradation", 1003},
+                   {L"tile", 1006},
+                   {L"stripe", 1010},
+                   {L"density_pattern", 1009},
+                   {L"image_mapping", 1007}};
+    HWND remote = FindWindowW(L"#32770", L"ｶﾗｰﾘﾝｸﾞ ﾘﾓｺﾝ");
+    for (const auto& e : effects) {
+        if (remote == nullptr || effect != e.name) continue;
+        SendDlgItemMessageW(remote, e.radio, BM_CLICK, 0, 0);
+        SendDlgItemMessageW(remote, 1000, BM_CLICK, 0, 0);
+    }
 }
 
 }  // namespace
@@ -132,8 +171,8 @@ int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, LPWSTR, int show) {
     wc.lpszClassName = L"VellDemoHost";
     RegisterClassW(&wc);
 
-    HWND hwnd = CreateWindowW(L"VellDemoHost", L"VellColor demo host", WS_OVERLAPPEDWINDOW, 420, 40,
-                              520, 420, nullptr, nullptr, instance, nullptr);
+    HWND hwnd = CreateWindowW(L"VellDemoHost", L"VellColor demo host", WS_OVERLAPPEDWINDOW, 400, 40,
+                              640, 420, nullptr, nullptr, instance, nullptr);
     if (hwnd == nullptr) return 1;
     g_hostWindow.m_hWnd = hwnd;
     ShowWindow(hwnd, show);
@@ -146,7 +185,9 @@ int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, LPWSTR, int show) {
         PXColor_ShowWindow(SW_SHOWNORMAL);
         AddLine(L"Remote control open. Press 更新 or the space bar in it.");
     }
-    if (const int ms = QuitAfterMilliseconds()) SetTimer(hwnd, kQuitTimer, ms, nullptr);
+    ShowEffect(OptionValue(L"--show"));
+    if (const int ms = _wtoi(OptionValue(L"--quit-after").c_str()))
+        SetTimer(hwnd, kQuitTimer, ms, nullptr);
 
     MSG msg;
     while (GetMessageW(&msg, nullptr, 0, 0) > 0) {

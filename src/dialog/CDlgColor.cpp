@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "HostWindow.h"
-#include "framework/PrivateMessages.h"
 #include "ResourceIds.h"
 #include "SettingsFile.h"
+#include "framework/PrivateMessages.h"
 #include "framework/SystemDialogs.h"
 #include "panels/CDlgColorSet.h"
 #include "panels/CDlgGradation.h"

@@ -3,8 +3,8 @@
 #include <commctrl.h>
 
 #include "ResourceIds.h"
-#include "framework/PrivateMessages.h"
 #include "framework/Gdi.h"
+#include "framework/PrivateMessages.h"
 #include "framework/ScrollBars.h"
 
 namespace {

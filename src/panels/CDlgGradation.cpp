@@ -43,7 +43,10 @@ struct EnablingRow {
 };
 const EnablingRow kEnabling[] = {
     {{IDC_GRAD_OUTLINE, IDC_GRAD_CIRCLE, IDC_GRAD_CONTOUR, IDC_GRAD_RECTANGLE},
-     true, false, true, false},
+     true,
+     false,
+     true,
+     false},
     {{IDC_GRAD_FOUR_CORNERS}, false, false, false, false},
     {{IDC_GRAD_SPIRAL}, false, true, true, true},
     {{IDC_GRAD_SLOPE_HORIZONTAL, IDC_GRAD_SLOPE_VERTICAL}, true, false, true, false},

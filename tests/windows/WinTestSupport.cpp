@@ -189,6 +189,51 @@ HWND ColorSetPanelOf(HWND remote) {
     return GetWindow(GetDlgItem(remote, 1027), GW_CHILD);
 }
 
+HWND EffectPanelOf(HWND remote, int id) {
+    for (HWND panel = GetWindow(GetDlgItem(remote, 1002), GW_CHILD); panel != nullptr;
+         panel = GetWindow(panel, GW_HWNDNEXT)) {
+        if (GetDlgItem(panel, id) != nullptr) return panel;
+    }
+    return nullptr;
+}
+
+namespace {
+
+struct KeyPresses {
+    std::vector<WORD> keys;
+    volatile LONG done = 0;
+};
+
+DWORD WINAPI PressKeys(void* param) {
+    auto* presses = static_cast<KeyPresses*>(param);
+    for (WORD key : presses->keys) {
+        INPUT input[2] = {};
+        input[0].type = input[1].type = INPUT_KEYBOARD;
+        input[0].ki.wVk = input[1].ki.wVk = key;
+        input[1].ki.dwFlags = KEYEVENTF_KEYUP;
+        SendInput(2, input, sizeof(INPUT));
+        Sleep(60);
+    }
+    Sleep(100);
+    InterlockedExchange(&presses->done, 1);
+    return 0;
+}
+
+}  // namespace
+
+void TypeKeys(HWND focus, const std::vector<WORD>& keys) {
+    SetForegroundWindow(GetAncestor(focus, GA_ROOT));
+    PumpMessages();
+    SetFocus(focus);
+    KeyPresses presses;
+    presses.keys = keys;
+    HANDLE thread = CreateThread(nullptr, 0, PressKeys, &presses, 0, nullptr);
+    PumpUntil([&] { return presses.done != 0; }, 10000);
+    WaitForSingleObject(thread, INFINITE);
+    CloseHandle(thread);
+    PumpMessages();
+}
+
 std::wstring SettingsPath() {
     wchar_t path[MAX_PATH] = {};
     GetModuleFileNameW(nullptr, path, MAX_PATH);

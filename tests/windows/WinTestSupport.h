@@ -111,6 +111,14 @@ void PressDialogButton(HWND dialog, int id);
 
 // The color set panel inside a remote control.
 HWND ColorSetPanelOf(HWND remote);
+// The effect panel inside a remote control that holds control `id`.
+HWND EffectPanelOf(HWND remote, int id);
+
+// Real keyboard input: a second thread presses and releases each virtual
+// key in turn with SendInput while this thread keeps pumping messages, as a
+// host's own loop would. The keys go to `focus`, whose top-level window is
+// brought to the foreground first.
+void TypeKeys(HWND focus, const std::vector<WORD>& keys);
 
 // "PXColor.ini" beside the test program, as the library finds it.
 std::wstring SettingsPath();
