@@ -22,6 +22,7 @@ add_library(vellwin OBJECT
   src/panels/CDlgColorSet.cpp
   src/panels/CDlgColorSlider.cpp
   src/panels/CDlgGradation.cpp
+  src/panels/CDlgStripe.cpp
   src/panels/CDlgTile.cpp
   src/panels/ColorLabelPainter.cpp
   src/panels/PanelControls.cpp
@@ -97,10 +98,12 @@ vell_dll_test(win_settings_tests tests/windows/SettingsTest.cpp)
 vell_dll_test(win_layout_tests tests/windows/LayoutTest.cpp)
 vell_dll_test(win_color_set_tests tests/windows/ColorSetPanelTest.cpp)
 vell_dll_test(win_geometric_panel_tests tests/windows/GeometricPanelsTest.cpp)
+vell_dll_test(win_stripe_panel_tests tests/windows/StripePanelTest.cpp)
 
 # Programs that link the Win32 layer itself, for what the DLL does not export.
 add_executable(win_internal_tests tests/windows/ErrorMessageTest.cpp
                                   tests/windows/GradationDisplayTest.cpp
+                                  tests/windows/BitmapDrawTest.cpp
                                   tests/windows/ColorSetCurrentSlotTest.cpp resources/VellColor.rc)
 set_source_files_properties(resources/VellColor.rc PROPERTIES
   COMPILE_FLAGS "-I${CMAKE_SOURCE_DIR}/resources -c 65001")
@@ -112,5 +115,5 @@ add_test(NAME win_internal_tests COMMAND win_internal_tests)
 # Windows tests share one display and the settings file beside them.
 set_tests_properties(win_module_tests win_notification_tests win_settings_tests
                      win_layout_tests win_internal_tests win_color_set_tests
-                     win_geometric_panel_tests
+                     win_geometric_panel_tests win_stripe_panel_tests
                      PROPERTIES RUN_SERIAL TRUE TIMEOUT 600)

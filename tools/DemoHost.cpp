@@ -76,9 +76,13 @@ void ShowParameters(const std::string& name) {
             t.rowShift, t.roundCorners, t.cornerCut, t.transparentSeam, Hex(t.seamColor).c_str());
         AddLine(ColorList(t.colorCount, t.colors));
     } else if (name == "stripe") {
-        KTEffectStripe stripe;
-        PXColor_GetStripe(stripe);
-        AddLine(ColorList(stripe.colorCount, stripe.colors));
+        KTEffectStripe s;
+        PXColor_GetStripe(s);
+        AddFields(L"    interval %.4g  width %.4g  direction %d  texture %d  crossing %.4g",
+                  s.interval, s.patternWidth, s.direction, s.texture, s.intersectionBrightness);
+        AddFields(L"    background mode %d  background color%ls", s.backgroundMode,
+                  Hex(s.backgroundColor).c_str());
+        AddLine(ColorList(s.colorCount, s.colors));
     } else if (name == "density_pattern") {
         KTEffectDensityPattern pattern;
         PXColor_GetDensityPattern(pattern);

@@ -5,6 +5,12 @@
 
 #include <cstddef>
 
+#ifdef _WIN32
+// The handle types of <windows.h>, without including it here.
+struct HDC__;
+struct HBITMAP__;
+#endif
+
 class BitmapImage {
   public:
     BitmapImage();
@@ -37,6 +43,19 @@ class BitmapImage {
     // Reads a packed DIB (information header, color table, pixels) that
     // occupies `size` bytes at `dib`. Nothing outside that range is read.
     int SetFromPackedDIB(const unsigned char* dib, std::size_t size);
+
+#ifdef _WIN32
+    // Drawing on Windows. Only 3-byte images draw correctly; every path that
+    // shows an image converts it first.
+    // A device-dependent bitmap of the pixels, for `dc`; the caller deletes it.
+    HBITMAP__* CreateDeviceBitmap(HDC__* dc) const;
+    // Copies the image rectangle (x0, y0)-(x1, y1), y counted from the
+    // bottom row, to the same place of `dc`.
+    void DrawRegion(HDC__* dc, int x0, int y0, int x1, int y1) const;
+    // Stretches the whole picture into a box of that size at the origin,
+    // keeping its proportions and centring it.
+    void DrawFit(HDC__* dc, int boxWidth, int boxHeight) const;
+#endif
 
   private:
     int Allocate(int width, int height, int bytesPerPixel, int paletteCount, bool zeroPixels);

@@ -14,6 +14,7 @@
 #include "framework/SystemDialogs.h"
 #include "panels/CDlgColorSet.h"
 #include "panels/CDlgGradation.h"
+#include "panels/CDlgStripe.h"
 #include "panels/CDlgTile.h"
 #include "panels/Panels.h"
 #include "params/ColorSetText.h"
@@ -190,6 +191,7 @@ void CDlgColor::GetEffect(KTEffectTile& tile) {
 }
 
 void CDlgColor::GetEffect(KTEffectStripe& stripe) {
+    StripePanel().CollectParameters(stripe);
     CopyPanelColors(stripe);
 }
 

@@ -2,6 +2,7 @@
 
 #include "CDlgColorSet.h"
 #include "CDlgGradation.h"
+#include "CDlgStripe.h"
 #include "CDlgTile.h"
 #include "ResourceIds.h"
 
@@ -9,6 +10,7 @@ namespace {
 CDlgColorSet g_dlgColorSet;
 CDlgGradation g_dlgGradation;
 CDlgTile g_dlgTile;
+CDlgStripe g_dlgStripe;
 }  // namespace
 
 CDlgColorSet& ColorSetPanel() {
@@ -23,11 +25,16 @@ CDlgTile& TilePanel() {
     return g_dlgTile;
 }
 
+CDlgStripe& StripePanel() {
+    return g_dlgStripe;
+}
+
 Dialog* PanelByTemplate(int templateId) {
     switch (templateId) {
         case IDD_COLOR_SET: return &g_dlgColorSet;
         case IDD_GRADATION: return &g_dlgGradation;
         case IDD_TILE: return &g_dlgTile;
+        case IDD_STRIPE: return &g_dlgStripe;
         default: return nullptr;  // the other panels are not built yet
     }
 }

@@ -6,6 +6,7 @@ class Dialog;
 class CDlgColorSet;
 class CDlgGradation;
 class CDlgTile;
+class CDlgStripe;
 
 // The panel of a template, or null for a template that has no panel in
 // this build.
@@ -14,3 +15,4 @@ Dialog* PanelByTemplate(int templateId);
 CDlgColorSet& ColorSetPanel();
 CDlgGradation& GradationPanel();
 CDlgTile& TilePanel();
+CDlgStripe& StripePanel();
