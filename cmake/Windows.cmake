@@ -18,10 +18,11 @@ add_library(vellwin OBJECT
   src/framework/SystemDialogs.cpp
   src/dialog/CDlgColor.cpp
   src/dialog/SettingsFile.cpp
-  src/dialog/ShowErrorMessage.cpp
+  src/framework/ShowErrorMessage.cpp
   src/panels/CDlgColorSet.cpp
   src/panels/CDlgColorSlider.cpp
   src/panels/CDlgGradation.cpp
+  src/panels/CDlgMapping.cpp
   src/panels/CDlgStripe.cpp
   src/panels/CDlgTile.cpp
   src/panels/ColorLabelPainter.cpp
@@ -117,3 +118,4 @@ set_tests_properties(win_module_tests win_notification_tests win_settings_tests
                      win_layout_tests win_internal_tests win_color_set_tests
                      win_geometric_panel_tests win_stripe_panel_tests
                      PROPERTIES RUN_SERIAL TRUE TIMEOUT 600)
+include(cmake/ImagePanel.cmake OPTIONAL)

@@ -88,10 +88,17 @@ void ShowParameters(const std::string& name) {
         PXColor_GetDensityPattern(pattern);
         AddLine(ColorList(pattern.colorCount, pattern.colors));
     } else if (name == "image_mapping") {
-        KTMapping mapping;
+        KTMapping m;
         float stretchX = 1.0f, stretchY = 1.0f;
-        PXColor_GetMapping(mapping, stretchX, stretchY);
-        AddLine(mapping.image == nullptr ? L"    no image" : L"    an image");
+        PXColor_GetMapping(m, stretchX, stretchY);
+        if (m.image == nullptr) {
+            AddLine(L"    no picture: nothing was filled in");
+            return;
+        }
+        AddFields(L"    picture %d x %d  repeat %d  seamless %d  fit whole %d", m.image->GetWidth(),
+                  m.image->GetHeight(), m.repeat, m.seamless, m.fitWhole);
+        AddFields(L"    scale %.4g  angle %.4g  assigned %d  stretch %.4g, %.4g", m.scale, m.angle,
+                  m.assigned, stretchX, stretchY);
     }
 }
 
@@ -130,6 +137,62 @@ LRESULT CALLBACK HostProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
             }
             return DefWindowProcW(hwnd, msg, wParam, lParam);
     }
+}
+
+// A 24-bit bottom-up .bmp file of w x h pixels colored by `color(x, y)`.
+template <typename Color>
+void WriteBitmap(const std::wstring& path, int w, int h, Color color) {
+    const int stride = (w * 3 + 3) / 4 * 4;
+    std::string file(54 + stride * h, '\0');
+    auto put32 = [&file](int at, unsigned v) {
+        for (int i = 0; i < 4; ++i) file[at + i] = static_cast<char>(v >> (8 * i));
+    };
+    file[0] = 'B';
+    file[1] = 'M';
+    put32(2, static_cast<unsigned>(file.size()));
+    put32(10, 54);
+    put32(14, 40);
+    put32(18, w);
+    put32(22, h);
+    file[26] = 1;
+    file[28] = 24;
+    for (int y = 0; y < h; ++y) {
+        for (int x = 0; x < w; ++x) {
+            const COLORREF c = color(x, h - 1 - y);
+            char* p = &file[54 + y * stride + x * 3];
+            p[0] = static_cast<char>(GetBValue(c));
+            p[1] = static_cast<char>(GetGValue(c));
+            p[2] = static_cast<char>(GetRValue(c));
+        }
+    }
+    FILE* out = _wfopen(path.c_str(), L"wb");
+    if (out == nullptr) return;
+    std::fwrite(file.data(), 1, file.size(), out);
+    std::fclose(out);
+}
+
+// The picture list shows the "Image" folder beside the host program; the
+// demo makes a few pictures of its own there the first time it runs.
+void MakeSamplePictures() {
+    wchar_t exe[MAX_PATH] = {};
+    GetModuleFileNameW(nullptr, exe, MAX_PATH);
+    std::wstring folder(exe);
+    folder = folder.substr(0, folder.find_last_of(L"\\/")) + L"\\Image";
+    if (GetFileAttributesW(folder.c_str()) != INVALID_FILE_ATTRIBUTES) return;
+    CreateDirectoryW(folder.c_str(), nullptr);
+    WriteBitmap(folder + L"\\gradient.bmp", 160, 120, [](int x, int y) {
+        return RGB(x * 255 / 159, y * 255 / 119, 128);
+    });
+    WriteBitmap(folder + L"\\checker.bmp", 128, 128, [](int x, int y) {
+        return ((x / 16 + y / 16) % 2) ? RGB(30, 30, 30) : RGB(240, 220, 120);
+    });
+    WriteBitmap(folder + L"\\rings.bmp", 120, 120, [](int x, int y) {
+        const int d2 = (x - 60) * (x - 60) + (y - 60) * (y - 60);
+        return (d2 / 150) % 2 ? RGB(40, 90, 200) : RGB(250, 250, 250);
+    });
+    WriteBitmap(folder + L"\\夕焼け.bmp", 200, 100, [](int, int y) {
+        return RGB(255, 120 + y, 40 + y);
+    });
 }
 
 // The value after `option` on the command line, or "".
@@ -174,6 +237,7 @@ int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, LPWSTR, int show) {
     wc.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
     wc.lpszClassName = L"VellDemoHost";
     RegisterClassW(&wc);
+    MakeSamplePictures();
 
     HWND hwnd = CreateWindowW(L"VellDemoHost", L"VellColor demo host", WS_OVERLAPPEDWINDOW, 400, 40,
                               640, 420, nullptr, nullptr, instance, nullptr);

@@ -14,6 +14,7 @@
 #include "framework/SystemDialogs.h"
 #include "panels/CDlgColorSet.h"
 #include "panels/CDlgGradation.h"
+#include "panels/CDlgMapping.h"
 #include "panels/CDlgStripe.h"
 #include "panels/CDlgTile.h"
 #include "panels/Panels.h"
@@ -22,6 +23,7 @@
 #include "vellcolor/KTEffectGradation.h"
 #include "vellcolor/KTEffectStripe.h"
 #include "vellcolor/KTEffectTile.h"
+#include "vellcolor/KTMapping.h"
 
 namespace {
 
@@ -199,8 +201,13 @@ void CDlgColor::GetEffect(KTEffectDensityPattern& pattern) {
     CopyPanelColors(pattern);
 }
 
-void CDlgColor::GetMapping(KTMapping&, float&, float&) {
-    // Without an image source there is never an image, so nothing changes.
+void CDlgColor::GetMapping(KTMapping& mapping, float& stretchX, float& stretchY) {
+    const BitmapImage* picture = nullptr;  // the image source panel comes next
+    if (picture == nullptr) return;
+    // A copy that fails leaves the mapping without a picture; it still takes
+    // the panel's values.
+    mapping.SetImage(*picture);
+    MappingPanel().GetMapping(mapping, stretchX, stretchY);
 }
 
 BOOL CDlgColor::PreTranslateMessage(MSG* msg) {
@@ -334,8 +341,7 @@ LONG CDlgColor::OnChangeToImagePanel(UINT, LONG) {
 }
 
 LONG CDlgColor::OnQueryIsImageSet(UINT, LONG) {
-    // No image source yet, so never an image.
-    return 0;
+    return 0;  // the image source panel comes next
 }
 
 void CDlgColor::LoadParameter() {

@@ -46,6 +46,24 @@ bool PickColor(HWND owner, COLORREF initial, COLORREF* chosen) {
     return true;
 }
 
+bool OpenFile(const wchar_t* filter, const wchar_t* defaultExtension, std::string* utf8Path) {
+    std::wstring filters(filter);
+    for (wchar_t& c : filters) {
+        if (c == L'|') c = L'\0';
+    }
+    std::vector<wchar_t> path(MAX_PATH * 4, L'\0');
+    OPENFILENAMEW open = {};
+    open.lStructSize = sizeof open;
+    open.lpstrFilter = filters.c_str();
+    open.lpstrFile = path.data();
+    open.nMaxFile = static_cast<DWORD>(path.size());
+    open.lpstrDefExt = defaultExtension;
+    open.Flags = OFN_HIDEREADONLY | OFN_FILEMUSTEXIST;
+    if (!GetOpenFileNameW(&open)) return false;
+    *utf8Path = NarrowToUtf8(path.data());
+    return true;
+}
+
 UINT TrackMenu(HWND owner, HMENU menu, POINT screen) {
     return static_cast<UINT>(TrackPopupMenu(menu, TPM_RIGHTBUTTON | TPM_RETURNCMD, screen.x,
                                             screen.y, 0, owner, nullptr));

@@ -19,6 +19,10 @@ void ShowMessage(HWND owner, const std::string& utf8Text, Caption caption = Capt
 // the user cancels.
 bool PickColor(HWND owner, COLORREF initial, COLORREF* chosen);
 
+// The system's file-open dialog without an owner, for an existing file;
+// false when the user cancels. `filter` separates its parts with '|'.
+bool OpenFile(const wchar_t* filter, const wchar_t* defaultExtension, std::string* utf8Path);
+
 // A popup menu at a screen point; the chosen command id, or 0 when the
 // menu is dismissed.
 UINT TrackMenu(HWND owner, HMENU menu, POINT screen);

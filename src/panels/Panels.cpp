@@ -2,6 +2,7 @@
 
 #include "CDlgColorSet.h"
 #include "CDlgGradation.h"
+#include "CDlgMapping.h"
 #include "CDlgStripe.h"
 #include "CDlgTile.h"
 #include "ResourceIds.h"
@@ -11,6 +12,7 @@ CDlgColorSet g_dlgColorSet;
 CDlgGradation g_dlgGradation;
 CDlgTile g_dlgTile;
 CDlgStripe g_dlgStripe;
+CDlgMapping g_dlgMapping;
 }  // namespace
 
 CDlgColorSet& ColorSetPanel() {
@@ -29,12 +31,17 @@ CDlgStripe& StripePanel() {
     return g_dlgStripe;
 }
 
+CDlgMapping& MappingPanel() {
+    return g_dlgMapping;
+}
+
 Dialog* PanelByTemplate(int templateId) {
     switch (templateId) {
         case IDD_COLOR_SET: return &g_dlgColorSet;
         case IDD_GRADATION: return &g_dlgGradation;
         case IDD_TILE: return &g_dlgTile;
         case IDD_STRIPE: return &g_dlgStripe;
+        case IDD_MAPPING: return &g_dlgMapping;
         default: return nullptr;  // the other panels are not built yet
     }
 }

@@ -7,6 +7,8 @@ class CDlgColorSet;
 class CDlgGradation;
 class CDlgTile;
 class CDlgStripe;
+class CDlgMapping;
+class CDlgImageSource;
 
 // The panel of a template, or null for a template that has no panel in
 // this build.
@@ -16,3 +18,5 @@ CDlgColorSet& ColorSetPanel();
 CDlgGradation& GradationPanel();
 CDlgTile& TilePanel();
 CDlgStripe& StripePanel();
+CDlgMapping& MappingPanel();
+CDlgImageSource& ImageSourcePanel();

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "WinTestSupport.h"
-#include "dialog/ShowErrorMessage.h"
+#include "framework/ShowErrorMessage.h"
 
 namespace {
 
