@@ -104,7 +104,7 @@ vell_dll_test(win_stripe_panel_tests tests/windows/StripePanelTest.cpp)
 # Programs that link the Win32 layer itself, for what the DLL does not export.
 add_executable(win_internal_tests tests/windows/ErrorMessageTest.cpp
                                   tests/windows/GradationDisplayTest.cpp
-                                  tests/windows/BitmapDrawTest.cpp
+                                  tests/windows/BitmapDrawTest.cpp tests/windows/ClipboardTest.cpp
                                   tests/windows/ColorSetCurrentSlotTest.cpp resources/VellColor.rc)
 set_source_files_properties(resources/VellColor.rc PROPERTIES
   COMPILE_FLAGS "-I${CMAKE_SOURCE_DIR}/resources -c 65001")

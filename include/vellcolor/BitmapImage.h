@@ -9,6 +9,7 @@
 // The handle types of <windows.h>, without including it here.
 struct HDC__;
 struct HBITMAP__;
+struct HWND__;
 #endif
 
 class BitmapImage {
@@ -55,6 +56,17 @@ class BitmapImage {
     // Stretches the whole picture into a box of that size at the origin,
     // keeping its proportions and centring it.
     void DrawFit(HDC__* dc, int boxWidth, int boxHeight) const;
+
+    // Reads the packed DIB in the movable global memory block `block`; the
+    // block's size bounds every read. -2 when the block cannot be locked.
+    // Unless `keepBlock`, the block is the image's to free, and it is freed
+    // on every path, a failed lock included.
+    int SetFromDIB(void* block, bool keepBlock);
+    // Reads the clipboard's DIB (the clipboard keeps its block). A clipboard
+    // with only a device-dependent bitmap gives 0 and leaves the image as it
+    // was; -11 when neither is offered, -1 when the clipboard cannot be
+    // opened or its data fetched.
+    int ReadClipboard(HWND__* owner);
 #endif
 
   private:

@@ -1,7 +1,9 @@
 // Writes the fuzzers' seed corpora: packed DIBs of every accepted depth and
-// a few refused ones, and paths with the splitter's odd cases.
+// a few refused ones, as files and clipboard blocks hold them, and paths
+// with the splitter's odd cases.
 #include <sys/stat.h>
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -15,6 +17,16 @@ void Dib(const std::string& dir, const std::string& name, const BmpLayout& layou
 
 std::uint8_t Pattern(int x, int row, int byte) {
     return static_cast<std::uint8_t>(x * 31 + row * 17 + byte);
+}
+
+// A DIB as a clipboard block holds it: the block ends where the DIB does,
+// or sooner when `size` cuts it.
+void BlockDib(const std::string& dir, const std::string& name, const BmpLayout& layout,
+              std::size_t size = SIZE_MAX) {
+    const std::vector<std::uint8_t> file = MakeBmp(layout);
+    std::vector<std::uint8_t> dib(file.begin() + 14, file.end());
+    if (size < dib.size()) dib.resize(size);
+    WriteFile(dir + "/" + name, dib);
 }
 
 }  // namespace
@@ -58,6 +70,17 @@ int main(int argc, char** argv) {
     layout.bitCount = 24;
     layout.headerSize = 12;
     Dib(dibs, "core-header", layout);
+    layout.headerSize = 40;
+    layout.bitCount = 32;
+    layout.compression = 3;
+    layout.masks = {0xFF0000, 0xFF00, 0xFF};
+    BlockDib(dibs, "block-bitfields32", layout);
+    layout.compression = 0;
+    layout.masks.clear();
+    BlockDib(dibs, "block-rgb32", layout);
+    layout.bitCount = 24;
+    layout.width = layout.height = 100;
+    BlockDib(dibs, "block-claims-more", layout, 45);
 
     const std::vector<std::string> samples = {"C:/pics/sky.bmp",
                                               "C:\\pics\\sky.BMP",
