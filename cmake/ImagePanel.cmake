@@ -1,0 +1,47 @@
+# VellImagePanel.dll, the picture-list module: a modal chooser of the .bmp
+# pictures in one folder. It links the portable core, never VellColor.dll.
+
+# 64-bit Windows has no @N decoration, as for VellColor.dll.
+set(VELL_IMAGE_PANEL_DEF ${CMAKE_SOURCE_DIR}/tools/imagepanel/VellImagePanel.def)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${VELL_IMAGE_PANEL_DEF})
+if(CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64")
+  file(READ ${VELL_IMAGE_PANEL_DEF} def_text)
+  string(REGEX REPLACE "@[0-9]+" "" def_text "${def_text}")
+  set(VELL_IMAGE_PANEL_DEF ${CMAKE_BINARY_DIR}/VellImagePanel.def)
+  file(WRITE ${VELL_IMAGE_PANEL_DEF} "${def_text}")
+endif()
+
+add_library(VellImagePanel SHARED
+  tools/imagepanel/ImagePanelModule.cpp
+  tools/imagepanel/ImagePanelDialog.cpp
+  tools/imagepanel/VellImagePanel.rc
+  ${VELL_IMAGE_PANEL_DEF}
+)
+# The linker's own import library gets another name: the hosts' one below
+# is made by dlltool.
+set_target_properties(VellImagePanel PROPERTIES PREFIX "" OUTPUT_NAME VellImagePanel
+                                                ARCHIVE_OUTPUT_NAME VellImagePanel-ld)
+set_source_files_properties(tools/imagepanel/VellImagePanel.rc PROPERTIES COMPILE_FLAGS "-c 65001")
+target_include_directories(VellImagePanel PRIVATE include src tools/imagepanel)
+target_link_libraries(VellImagePanel PRIVATE vellcore comctl32 gdi32 user32)
+target_link_options(VellImagePanel PRIVATE -Wl,--kill-at)
+
+# Callers compiled with __stdcall look for PXImagePanel_SetDirectory@4 on
+# i686; dlltool keeps that symbol and imports it by the plain name.
+set(VELL_IMAGE_PANEL_IMPORT_LIB ${CMAKE_ARCHIVE_OUTPUT_DIRECTORY}/libVellImagePanel.dll.a)
+add_custom_command(TARGET VellImagePanel POST_BUILD
+  COMMAND ${VELL_DLLTOOL} --kill-at --input-def ${VELL_IMAGE_PANEL_DEF}
+          --dllname VellImagePanel.dll --output-lib ${VELL_IMAGE_PANEL_IMPORT_LIB}
+  VERBATIM)
+add_library(VellImagePanelImport INTERFACE)
+target_include_directories(VellImagePanelImport INTERFACE ${CMAKE_SOURCE_DIR}/include)
+target_link_libraries(VellImagePanelImport INTERFACE ${VELL_IMAGE_PANEL_IMPORT_LIB})
+add_dependencies(VellImagePanelImport VellImagePanel)
+
+add_executable(win_image_panel_tests tests/windows/ImagePanelTest.cpp tests/native/BmpWriter.cpp)
+target_include_directories(win_image_panel_tests PRIVATE tests/native tools/imagepanel)
+target_link_libraries(win_image_panel_tests PRIVATE vell_wintest_support VellImagePanelImport
+                                                    gtest_main comctl32 gdi32)
+target_link_options(win_image_panel_tests PRIVATE -static)
+add_test(NAME win_image_panel_tests COMMAND win_image_panel_tests)
+set_tests_properties(win_image_panel_tests PROPERTIES RUN_SERIAL TRUE TIMEOUT 600)

@@ -1,0 +1,316 @@
+// The picture-list module as VellColor.dll uses it: folders of pictures made
+// here, the real chooser, and real keyboard and mouse input sent from a
+// second thread while the chooser's own modal loop runs.
+#include <windows.h>
+#include <commctrl.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "BmpWriter.h"
+#include "ImagePanelIds.h"
+#include "WinTestSupport.h"
+#include "vellcolor/VellImagePanel.h"
+
+namespace {
+
+std::vector<std::uint8_t> Picture(int width, int height, COLORREF color) {
+    BmpLayout layout;
+    layout.width = width;
+    layout.height = height;
+    layout.pixel = [color](int, int, int byte) {
+        return byte == 0 ? GetBValue(color) : byte == 1 ? GetGValue(color) : GetRValue(color);
+    };
+    return MakeBmp(layout);
+}
+
+std::wstring TempRoot() {
+    wchar_t temp[MAX_PATH] = {};
+    GetTempPathW(MAX_PATH, temp);
+    return temp;
+}
+
+// For ASCII text, which spells the same in every code page.
+std::string Ascii(const std::wstring& text) {
+    return std::string(text.begin(), text.end());
+}
+
+// A folder in the temp directory, removed with what was put in it. The
+// long-path prefix lets paths near MAX_PATH be made.
+class Folder {
+  public:
+    explicit Folder(const std::wstring& name) : path_(TempRoot() + name) { Make(L"", nullptr); }
+    ~Folder() {
+        for (auto it = made_.rbegin(); it != made_.rend(); ++it) {
+            if (!DeleteFileW(it->c_str())) RemoveDirectoryW(it->c_str());
+        }
+    }
+    // A file with `bytes`, or a folder without.
+    void Make(const std::wstring& name, const std::vector<std::uint8_t>* bytes) {
+        made_.push_back(L"\\\\?\\" + path_ + (name.empty() ? L"" : L"\\" + name));
+        if (bytes == nullptr) {
+            CreateDirectoryW(made_.back().c_str(), nullptr);
+        } else if (FILE* file = _wfopen(made_.back().c_str(), L"wb")) {
+            fwrite(bytes->data(), 1, bytes->size(), file);
+            fclose(file);
+        }
+    }
+    void Add(const std::wstring& name, const std::vector<std::uint8_t>& bytes) {
+        Make(name, &bytes);
+    }
+    const std::wstring& path() const { return path_; }
+
+  private:
+    std::wstring path_;
+    std::vector<std::wstring> made_;
+};
+
+// Inspects the chooser once it shows and returns the input that ends it,
+// which a second thread then sends.
+using Input = std::function<void()>;
+using Script = std::function<Input(HWND chooser)>;
+
+struct Run {
+    Script script;
+    HWND chooser = nullptr;
+    DWORD shownAt = 0;
+    std::thread sender;
+} * g_run;
+
+// Runs from a timer inside the chooser's modal loop.
+void CALLBACK DriveChooser(HWND, UINT, UINT_PTR, DWORD) {
+    if (g_run->chooser != nullptr) {
+        // Input that does not end the chooser fails the test instead of hanging it.
+        if (GetTickCount() - g_run->shownAt > 15000) PostMessageW(g_run->chooser, WM_CLOSE, 0, 0);
+        return;
+    }
+    HWND active = GetActiveWindow();
+    if (GetDlgItem(active, IDC_PICTURE_LIST) == nullptr || !IsWindowVisible(active)) return;
+    g_run->chooser = active;
+    g_run->shownAt = GetTickCount();
+    g_run->sender = std::thread(g_run->script(active));
+}
+
+int RunChooser(const Script& script) {
+    Run run;
+    run.script = script;
+    g_run = &run;
+    const UINT_PTR timer = SetTimer(nullptr, 0, 50, DriveChooser);
+    const int result = PXImagePanel_DoModal();
+    KillTimer(nullptr, timer);
+    if (run.sender.joinable()) run.sender.join();
+    EXPECT_NE(run.chooser, nullptr) << "the chooser never showed";
+    return result;
+}
+
+Input Keys(std::vector<BYTE> keys) {
+    return [keys] {
+        for (BYTE key : keys) {
+            keybd_event(key, 0, 0, 0);
+            keybd_event(key, 0, KEYEVENTF_KEYUP, 0);
+            Sleep(60);
+        }
+    };
+}
+
+// A double click at a point of the list, then `after`.
+Input DoubleClick(
+    HWND chooser, POINT point, Input after = [] {}) {
+    ClientToScreen(GetDlgItem(chooser, IDC_PICTURE_LIST), &point);
+    return [point, after] {
+        SetCursorPos(point.x, point.y);
+        for (DWORD button :
+             {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP}) {
+            mouse_event(button, 0, 0, 0, 0);
+            Sleep(30);
+        }
+        after();
+    };
+}
+
+std::vector<std::wstring> ItemNames(HWND list) {
+    std::vector<std::wstring> names;
+    for (int i = 0; i < ListView_GetItemCount(list); ++i) {
+        wchar_t text[MAX_PATH] = {};
+        ListView_GetItemText(list, i, 0, text, MAX_PATH);
+        names.push_back(text);
+    }
+    return names;
+}
+
+COLORREF ThumbnailPixel(HWND list, int item, int x, int y) {
+    LVITEMW lv = {};
+    lv.mask = LVIF_IMAGE;
+    lv.iItem = item;
+    ListView_GetItem(list, &lv);
+    HDC screen = GetDC(nullptr);
+    HDC dc = CreateCompatibleDC(screen);
+    HBITMAP canvas = CreateCompatibleBitmap(screen, 64, 64);
+    HGDIOBJ old = SelectObject(dc, canvas);
+    ImageList_Draw(ListView_GetImageList(list, LVSIL_NORMAL), lv.iImage, dc, 0, 0, ILD_NORMAL);
+    const COLORREF color = GetPixel(dc, x, y);
+    SelectObject(dc, old);
+    DeleteObject(canvas);
+    DeleteDC(dc);
+    ReleaseDC(nullptr, screen);
+    return color;
+}
+
+std::string SelectedImage() {
+    char buffer[MAX_PATH];
+    return PXImagePanel_GetSelectedImage(buffer) ? buffer : "(none)";
+}
+
+class ImagePanelTest : public ::testing::Test {
+  protected:
+    void SetUp() override { PXImagePanel_Open(); }
+    void TearDown() override { PXImagePanel_Close(); }
+};
+
+TEST_F(ImagePanelTest, ListsTheBmpFilesWithTheirNamesAndThumbnails) {
+    Folder folder(L"vell_listing");
+    folder.Add(L"a.bmp", Picture(40, 20, RGB(255, 0, 0)));  // wide: bands above and below
+    folder.Add(L"B.BMP", Picture(2, 2, RGB(0, 255, 0)));
+    folder.Add(L"broken.bmp", {'B', 'M', 1, 2, 3});
+    for (const wchar_t* other : {L"c.Bmp", L"notes.txt", L"a.bmp.txt"}) {
+        folder.Add(other, Picture(2, 2, RGB(0, 0, 255)));
+    }
+    folder.Make(L"folder.bmp", nullptr);
+    PXImagePanel_SetDirectory(Ascii(folder.path()).c_str());
+
+    std::vector<std::wstring> names;
+    COLORREF centre = 0, band = 0, broken = 0;
+    EXPECT_EQ(RunChooser([&](HWND chooser) {
+                  HWND list = GetDlgItem(chooser, IDC_PICTURE_LIST);
+                  names = ItemNames(list);
+                  EXPECT_EQ(WindowText(GetDlgItem(chooser, IDC_PICTURE_MESSAGE)), L"");
+                  centre = ThumbnailPixel(list, 0, 32, 32);
+                  band = ThumbnailPixel(list, 0, 32, 4);
+                  broken = ThumbnailPixel(list, 2, 32, 32);
+                  EXPECT_TRUE(IsWindowEnabled(GetDlgItem(chooser, IDOK)));
+                  ListView_SetItemState(list, -1, 0, LVIS_SELECTED);
+                  EXPECT_FALSE(IsWindowEnabled(GetDlgItem(chooser, IDOK)));
+                  return Keys({VK_ESCAPE});
+              }),
+              0);
+    EXPECT_EQ(names, (std::vector<std::wstring>{L"a.bmp", L"B.BMP", L"broken.bmp", L"c.Bmp"}));
+    EXPECT_EQ(centre, RGB(255, 0, 0));
+    EXPECT_NE(band, RGB(255, 0, 0)) << "the picture's proportions were not kept";
+    EXPECT_TRUE(GetRValue(broken) == GetGValue(broken) && GetGValue(broken) == GetBValue(broken) &&
+                broken != RGB(255, 255, 255))
+        << "an undecodable picture shows a grey placeholder, got " << std::hex << broken;
+}
+
+TEST_F(ImagePanelTest, KeyboardAndMouseChooseAPicture) {
+    Folder folder(L"vell_choice");
+    for (const wchar_t* name : {L"a.bmp", L"b.bmp", L"c.bmp"}) {
+        folder.Add(name, Picture(8, 8, RGB(0, 128, 255)));
+    }
+    PXImagePanel_SetDirectory(Ascii(folder.path()).c_str());
+    const std::string base = Ascii(folder.path()) + "\\";
+    const struct {
+        const char* what;
+        Script script;
+        int result;
+        std::string chosen;
+    } cases[] = {
+        // In this order: the cancel after a choice must forget that choice.
+        {"Enter", [](HWND) { return Keys({VK_RETURN}); }, 1, base + "a.bmp"},
+        {"Right, Enter",
+         [](HWND) {
+             return Keys({VK_RIGHT, VK_RETURN});
+         },
+         1, base + "b.bmp"},
+        {"Right, Escape",
+         [](HWND) {
+             return Keys({VK_RIGHT, VK_ESCAPE});
+         },
+         0, "(none)"},
+        {"double click",
+         [](HWND c) {
+             RECT r = {};
+             ListView_GetItemRect(GetDlgItem(c, IDC_PICTURE_LIST), 2, &r, LVIR_ICON);
+             return DoubleClick(c, {(r.left + r.right) / 2, (r.top + r.bottom) / 2});
+         },
+         1, base + "c.bmp"},
+        {"double click on empty space, Escape",
+         [](HWND c) {
+             RECT r = {};
+             GetClientRect(GetDlgItem(c, IDC_PICTURE_LIST), &r);
+             return DoubleClick(c, {r.right - 20, r.bottom - 20}, Keys({VK_ESCAPE}));
+         },
+         0, "(none)"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        EXPECT_EQ(RunChooser(c.script), c.result);
+        EXPECT_EQ(SelectedImage(), c.chosen);
+    }
+}
+
+TEST_F(ImagePanelTest, MissingOrEmptyFolderSaysSoAndOffersNothingToConfirm) {
+    Folder empty(L"vell_no_pictures");
+    empty.Add(L"notes.txt", Picture(2, 2, RGB(0, 0, 0)));
+    const std::wstring missing = TempRoot() + L"vell_missing_folder";
+    const struct {
+        std::wstring folder;
+        std::wstring message;
+    } cases[] = {
+        {missing, L"フォルダがありません: " + missing},
+        {empty.path(), L"画像がありません"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(Ascii(c.folder));
+        PXImagePanel_SetDirectory(Ascii(c.folder).c_str());
+        EXPECT_EQ(RunChooser([&](HWND chooser) {
+                      EXPECT_EQ(WindowText(GetDlgItem(chooser, IDC_PICTURE_MESSAGE)), c.message);
+                      EXPECT_EQ(ListView_GetItemCount(GetDlgItem(chooser, IDC_PICTURE_LIST)), 0);
+                      EXPECT_FALSE(IsWindowEnabled(GetDlgItem(chooser, IDOK)));
+                      return Keys({VK_RETURN, VK_ESCAPE});  // Enter must not confirm nothing
+                  }),
+                  0);
+        EXPECT_EQ(SelectedImage(), "(none)");
+    }
+}
+
+TEST_F(ImagePanelTest, ChosenPathComesBackInTheAnsiCodePageOrNotAtAll) {
+    struct Case {
+        std::wstring folder;
+        std::string folderAnsi;
+        std::wstring file;
+        const char* fileAnsi;  // none: the path cannot be handed out
+    };
+    std::vector<Case> cases = {
+        // "表" ends in the byte of a backslash in code page 932.
+        {L"vell_データ表", "vell_\x83\x66\x81\x5B\x83\x5E\x95\x5C", L"写真.bmp",
+         "\x8E\xCA\x90\x5E.bmp"},
+        {L"vell_plain", "vell_plain", L"café.bmp", nullptr},  // no "é" in code page 932
+    };
+    // Full paths of 259 and 260 bytes: the caller's buffer holds 260 with
+    // the terminator. The temp folder, "vell_", the d's, "\" and "p.bmp".
+    for (std::size_t length : {259, 260}) {
+        const std::string name = "vell_" + std::string(length - TempRoot().size() - 11, 'd');
+        cases.push_back({std::wstring(name.begin(), name.end()), name, L"p.bmp",
+                         length < 260 ? "p.bmp" : nullptr});
+    }
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.folderAnsi);
+        Folder folder(c.folder);
+        folder.Add(c.file, Picture(4, 4, RGB(200, 100, 0)));
+        const std::string folderAnsi = Ascii(TempRoot()) + c.folderAnsi;
+        PXImagePanel_SetDirectory(folderAnsi.c_str());
+        std::vector<std::wstring> names;
+        EXPECT_EQ(RunChooser([&](HWND chooser) {
+                      names = ItemNames(GetDlgItem(chooser, IDC_PICTURE_LIST));
+                      return Keys({VK_RETURN});
+                  }),
+                  1);
+        EXPECT_EQ(names, std::vector<std::wstring>{c.file});
+        EXPECT_EQ(SelectedImage(), c.fileAnsi ? folderAnsi + "\\" + c.fileAnsi : "(none)");
+    }
+}
+
+}  // namespace
