@@ -22,6 +22,7 @@ add_library(vellwin OBJECT
   src/panels/CDlgColorSet.cpp
   src/panels/CDlgColorSlider.cpp
   src/panels/CDlgGradation.cpp
+  src/panels/CDlgImageSource.cpp
   src/panels/CDlgMapping.cpp
   src/panels/CDlgStripe.cpp
   src/panels/CDlgTile.cpp
@@ -48,7 +49,8 @@ add_library(VellColor SHARED
 )
 set_target_properties(VellColor PROPERTIES PREFIX "" OUTPUT_NAME VellColor)
 target_include_directories(VellColor PRIVATE include src resources)
-target_link_libraries(VellColor PRIVATE vellwin vellcore comctl32 comdlg32 gdi32 user32)
+target_link_libraries(VellColor PRIVATE vellwin vellcore VellImagePanelImport comctl32 comdlg32
+                                        gdi32 user32)
 target_compile_definitions(VellColor PRIVATE VELLCOLOR_BUILDING_DLL)
 # Undecorated __stdcall names in the export table.
 target_link_options(VellColor PRIVATE -Wl,--kill-at)
@@ -100,6 +102,9 @@ vell_dll_test(win_layout_tests tests/windows/LayoutTest.cpp)
 vell_dll_test(win_color_set_tests tests/windows/ColorSetPanelTest.cpp)
 vell_dll_test(win_geometric_panel_tests tests/windows/GeometricPanelsTest.cpp)
 vell_dll_test(win_stripe_panel_tests tests/windows/StripePanelTest.cpp)
+vell_dll_test(win_mapping_panel_tests tests/windows/MappingPanelTest.cpp
+              tests/native/BmpWriter.cpp)
+target_include_directories(win_mapping_panel_tests PRIVATE tests/native)
 
 # Programs that link the Win32 layer itself, for what the DLL does not export.
 add_executable(win_internal_tests tests/windows/ErrorMessageTest.cpp
@@ -108,7 +113,8 @@ add_executable(win_internal_tests tests/windows/ErrorMessageTest.cpp
                                   tests/windows/ColorSetCurrentSlotTest.cpp resources/VellColor.rc)
 set_source_files_properties(resources/VellColor.rc PROPERTIES
   COMPILE_FLAGS "-I${CMAKE_SOURCE_DIR}/resources -c 65001")
-target_link_libraries(win_internal_tests PRIVATE vell_wintest_support vellwin vellcore gtest_main
+target_link_libraries(win_internal_tests PRIVATE vell_wintest_support vellwin vellcore
+                                                 VellImagePanelImport gtest_main
                                                  comctl32 comdlg32)
 target_link_options(win_internal_tests PRIVATE -static)
 add_test(NAME win_internal_tests COMMAND win_internal_tests)
@@ -116,6 +122,6 @@ add_test(NAME win_internal_tests COMMAND win_internal_tests)
 # Windows tests share one display and the settings file beside them.
 set_tests_properties(win_module_tests win_notification_tests win_settings_tests
                      win_layout_tests win_internal_tests win_color_set_tests
-                     win_geometric_panel_tests win_stripe_panel_tests
+                     win_geometric_panel_tests win_stripe_panel_tests win_mapping_panel_tests
                      PROPERTIES RUN_SERIAL TRUE TIMEOUT 600)
-include(cmake/ImagePanel.cmake OPTIONAL)
+include(cmake/ImagePanel.cmake)

@@ -14,6 +14,7 @@
 #include "framework/SystemDialogs.h"
 #include "panels/CDlgColorSet.h"
 #include "panels/CDlgGradation.h"
+#include "panels/CDlgImageSource.h"
 #include "panels/CDlgMapping.h"
 #include "panels/CDlgStripe.h"
 #include "panels/CDlgTile.h"
@@ -202,7 +203,7 @@ void CDlgColor::GetEffect(KTEffectDensityPattern& pattern) {
 }
 
 void CDlgColor::GetMapping(KTMapping& mapping, float& stretchX, float& stretchY) {
-    const BitmapImage* picture = nullptr;  // the image source panel comes next
+    const BitmapImage* picture = ImageSourcePanel().GetImage();
     if (picture == nullptr) return;
     // A copy that fails leaves the mapping without a picture; it still takes
     // the panel's values.
@@ -341,7 +342,7 @@ LONG CDlgColor::OnChangeToImagePanel(UINT, LONG) {
 }
 
 LONG CDlgColor::OnQueryIsImageSet(UINT, LONG) {
-    return 0;  // the image source panel comes next
+    return ImageSourcePanel().GetImage() != nullptr ? 1 : 0;
 }
 
 void CDlgColor::LoadParameter() {

@@ -2,6 +2,7 @@
 
 #include "CDlgColorSet.h"
 #include "CDlgGradation.h"
+#include "CDlgImageSource.h"
 #include "CDlgMapping.h"
 #include "CDlgStripe.h"
 #include "CDlgTile.h"
@@ -13,6 +14,7 @@ CDlgGradation g_dlgGradation;
 CDlgTile g_dlgTile;
 CDlgStripe g_dlgStripe;
 CDlgMapping g_dlgMapping;
+CDlgImageSource g_dlgImageSource;
 }  // namespace
 
 CDlgColorSet& ColorSetPanel() {
@@ -35,6 +37,10 @@ CDlgMapping& MappingPanel() {
     return g_dlgMapping;
 }
 
+CDlgImageSource& ImageSourcePanel() {
+    return g_dlgImageSource;
+}
+
 Dialog* PanelByTemplate(int templateId) {
     switch (templateId) {
         case IDD_COLOR_SET: return &g_dlgColorSet;
@@ -42,6 +48,7 @@ Dialog* PanelByTemplate(int templateId) {
         case IDD_TILE: return &g_dlgTile;
         case IDD_STRIPE: return &g_dlgStripe;
         case IDD_MAPPING: return &g_dlgMapping;
+        case IDD_IMAGE_SOURCE: return &g_dlgImageSource;
         default: return nullptr;  // the other panels are not built yet
     }
 }

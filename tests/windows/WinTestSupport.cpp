@@ -234,6 +234,34 @@ void TypeKeys(HWND focus, const std::vector<WORD>& keys) {
     PumpMessages();
 }
 
+bool PutPictureOnClipboard(int w, int h, const std::function<COLORREF(int x, int y)>& color) {
+    const int stride = (w * 3 + 3) / 4 * 4;
+    HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, sizeof(BITMAPINFOHEADER) + stride * h);
+    auto* header = static_cast<BITMAPINFOHEADER*>(GlobalLock(block));
+    *header = {};
+    header->biSize = sizeof *header;
+    header->biWidth = w;
+    header->biHeight = h;
+    header->biPlanes = 1;
+    header->biBitCount = 24;
+    auto* rows = reinterpret_cast<unsigned char*>(header + 1);
+    for (int y = 0; y < h; ++y) {
+        unsigned char* row = rows + (h - 1 - y) * stride;  // bottom-up
+        for (int x = 0; x < w; ++x) {
+            const COLORREF c = color(x, y);
+            row[x * 3] = GetBValue(c);
+            row[x * 3 + 1] = GetGValue(c);
+            row[x * 3 + 2] = GetRValue(c);
+        }
+    }
+    GlobalUnlock(block);
+    if (!OpenClipboard(nullptr)) return false;
+    EmptyClipboard();
+    const bool put = SetClipboardData(CF_DIB, block) != nullptr;
+    CloseClipboard();
+    return put;
+}
+
 std::wstring SettingsPath() {
     wchar_t path[MAX_PATH] = {};
     GetModuleFileNameW(nullptr, path, MAX_PATH);

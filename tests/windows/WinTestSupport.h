@@ -120,6 +120,10 @@ HWND EffectPanelOf(HWND remote, int id);
 // brought to the foreground first.
 void TypeKeys(HWND focus, const std::vector<WORD>& keys);
 
+// Puts a 24-bit w x h picture on the clipboard as a packed DIB; `color`
+// gives each pixel, y counted from the top.
+bool PutPictureOnClipboard(int w, int h, const std::function<COLORREF(int x, int y)>& color);
+
 // "PXColor.ini" beside the test program, as the library finds it.
 std::wstring SettingsPath();
 void RemoveSettings();
