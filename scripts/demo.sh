@@ -2,7 +2,8 @@
 # The main job: builds what is missing and opens the remote control in the
 # demo host. Without a display it runs under a virtual one, saves a
 # screenshot of the screen and prints its path. VELL_SHOW=tile (or another
-# effect's notification name) opens that effect and presses update once.
+# effect's notification name) opens that effect and presses update once;
+# VELL_SHOW=picture_list opens the picture list of the image mapping effect.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 ensure_tools

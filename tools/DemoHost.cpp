@@ -180,9 +180,8 @@ void MakeSamplePictures() {
     folder = folder.substr(0, folder.find_last_of(L"\\/")) + L"\\Image";
     if (GetFileAttributesW(folder.c_str()) != INVALID_FILE_ATTRIBUTES) return;
     CreateDirectoryW(folder.c_str(), nullptr);
-    WriteBitmap(folder + L"\\gradient.bmp", 160, 120, [](int x, int y) {
-        return RGB(x * 255 / 159, y * 255 / 119, 128);
-    });
+    WriteBitmap(folder + L"\\gradient.bmp", 160, 120,
+                [](int x, int y) { return RGB(x * 255 / 159, y * 255 / 119, 128); });
     WriteBitmap(folder + L"\\checker.bmp", 128, 128, [](int x, int y) {
         return ((x / 16 + y / 16) % 2) ? RGB(30, 30, 30) : RGB(240, 220, 120);
     });
@@ -190,9 +189,8 @@ void MakeSamplePictures() {
         const int d2 = (x - 60) * (x - 60) + (y - 60) * (y - 60);
         return (d2 / 150) % 2 ? RGB(40, 90, 200) : RGB(250, 250, 250);
     });
-    WriteBitmap(folder + L"\\夕焼け.bmp", 200, 100, [](int, int y) {
-        return RGB(255, 120 + y, 40 + y);
-    });
+    WriteBitmap(folder + L"\\夕焼け.bmp", 200, 100,
+                [](int, int y) { return RGB(255, 120 + y, 40 + y); });
 }
 
 // The value after `option` on the command line, or "".
@@ -209,7 +207,7 @@ std::wstring OptionValue(const wchar_t* option) {
 
 // "--show EFFECT" picks that effect in the remote control and presses its
 // update button once, so a screenshot shows the panel and what the host
-// read back.
+// read back; "--show picture_list" opens the picture list instead.
 void ShowEffect(const std::wstring& effect) {
     const struct {
         const wchar_t* name;
@@ -220,6 +218,16 @@ void ShowEffect(const std::wstring& effect) {
                    {L"density_pattern", 1009},
                    {L"image_mapping", 1007}};
     HWND remote = FindWindowW(L"#32770", L"ｶﾗｰﾘﾝｸﾞ ﾘﾓｺﾝ");
+    if (remote != nullptr && effect == L"picture_list") {
+        // Image mapping, then the picture list's button, once our loop runs.
+        SendDlgItemMessageW(remote, 1007, BM_CLICK, 0, 0);
+        for (HWND panel = GetWindow(GetDlgItem(remote, 1027), GW_CHILD); panel != nullptr;
+             panel = GetWindow(panel, GW_HWNDNEXT)) {
+            if (GetDlgItem(panel, 1040) != nullptr)
+                PostMessageW(GetDlgItem(panel, 1001), BM_CLICK, 0, 0);
+        }
+        return;
+    }
     for (const auto& e : effects) {
         if (remote == nullptr || effect != e.name) continue;
         SendDlgItemMessageW(remote, e.radio, BM_CLICK, 0, 0);
