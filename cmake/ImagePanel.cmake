@@ -1,15 +1,7 @@
 # VellImagePanel.dll, the picture-list module: a modal chooser of the .bmp
 # pictures in one folder. It links the portable core, never VellColor.dll.
 
-# 64-bit Windows has no @N decoration, as for VellColor.dll.
-set(VELL_IMAGE_PANEL_DEF ${CMAKE_SOURCE_DIR}/tools/imagepanel/VellImagePanel.def)
-set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${VELL_IMAGE_PANEL_DEF})
-if(CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64")
-  file(READ ${VELL_IMAGE_PANEL_DEF} def_text)
-  string(REGEX REPLACE "@[0-9]+" "" def_text "${def_text}")
-  set(VELL_IMAGE_PANEL_DEF ${CMAKE_BINARY_DIR}/VellImagePanel.def)
-  file(WRITE ${VELL_IMAGE_PANEL_DEF} "${def_text}")
-endif()
+vell_def_file(${CMAKE_SOURCE_DIR}/tools/imagepanel/VellImagePanel.def VELL_IMAGE_PANEL_DEF)
 
 add_library(VellImagePanel SHARED
   tools/imagepanel/ImagePanelModule.cpp

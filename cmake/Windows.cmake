@@ -33,14 +33,21 @@ add_library(vellwin OBJECT
 target_include_directories(vellwin PUBLIC include src resources)
 target_compile_definitions(vellwin PUBLIC VELLCOLOR_BUILDING_DLL)
 
-# 64-bit Windows has one calling convention and no @N decoration.
-set(VELL_DEF ${CMAKE_SOURCE_DIR}/src/module/VellColor.def)
-if(CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64")
-  file(READ ${VELL_DEF} def_text)
-  string(REGEX REPLACE "@[0-9]+" "" def_text "${def_text}")
-  set(VELL_DEF ${CMAKE_BINARY_DIR}/VellColor.def)
-  file(WRITE ${VELL_DEF} "${def_text}")
-endif()
+# A module's .def file for this processor: 64-bit Windows has one calling
+# convention and no @N decoration.
+function(vell_def_file source result)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${source})
+  if(CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64")
+    get_filename_component(name ${source} NAME)
+    file(READ ${source} text)
+    string(REGEX REPLACE "@[0-9]+" "" text "${text}")
+    file(WRITE ${CMAKE_BINARY_DIR}/${name} "${text}")
+    set(${result} ${CMAKE_BINARY_DIR}/${name} PARENT_SCOPE)
+  else()
+    set(${result} ${source} PARENT_SCOPE)
+  endif()
+endfunction()
+vell_def_file(${CMAKE_SOURCE_DIR}/src/module/VellColor.def VELL_DEF)
 
 add_library(VellColor SHARED
   src/module/VellColorModule.cpp

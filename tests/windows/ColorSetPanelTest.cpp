@@ -329,13 +329,7 @@ TEST_F(ColorSetPanelTest, HandWrittenSetsLoadAsWrittenAndNeverCrash) {
 TEST_F(ColorSetPanelTest, SwatchOpensTheSystemColorChooser) {
     Palette({ColorRGB(0, 0, 0), ColorRGB(255, 255, 255), ColorRGB(9, 9, 9)});
     {
-        // OK after typing a color into the chooser's red, green, blue boxes.
-        SystemDialogWatcher watcher([](HWND chooser) {
-            SetDlgItemInt(chooser, 706, 10, FALSE);
-            SetDlgItemInt(chooser, 707, 20, FALSE);
-            SetDlgItemInt(chooser, 708, 30, FALSE);
-            PressDialogButton(chooser, IDOK);
-        });
+        SystemDialogWatcher watcher(TypeColorIntoChooser(10, 20, 30));
         Click(panel, 1029);
         ASSERT_EQ(watcher.seen().size(), 1u);
         EXPECT_EQ(watcher.seen()[0].owner, remote);

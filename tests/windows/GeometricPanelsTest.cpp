@@ -195,12 +195,7 @@ TEST_F(GeometricPanelsTest, TileHeightsFollowTheShape) {
 
 TEST_F(GeometricPanelsTest, SeamColorComesFromTheSystemChooserUnlessTheSeamIsTransparent) {
     {
-        SystemDialogWatcher watcher([](HWND chooser) {
-            SetDlgItemInt(chooser, 706, 10, FALSE);
-            SetDlgItemInt(chooser, 707, 20, FALSE);
-            SetDlgItemInt(chooser, 708, 30, FALSE);
-            PressDialogButton(chooser, IDOK);
-        });
+        SystemDialogWatcher watcher(TypeColorIntoChooser(10, 20, 30));
         Click(tile, 1001);
         ASSERT_EQ(watcher.seen().size(), 1u);
     }

@@ -19,9 +19,7 @@ class MappingPanelTest : public RemoteControlTest {
         RemoteControlTest::SetUp();
         Click(remote, 1007);
         mapping = EffectPanelOf(remote, 1046);
-        source = GetWindow(GetDlgItem(remote, 1027), GW_CHILD);
-        while (source != nullptr && GetDlgItem(source, 1040) == nullptr)
-            source = GetWindow(source, GW_HWNDNEXT);
+        source = PanelOf(remote, 1027, 1040);
         ASSERT_NE(mapping, nullptr);
         ASSERT_NE(source, nullptr);
         ASSERT_TRUE(IsWindowVisible(source));
@@ -58,6 +56,18 @@ std::wstring BesideTest(const std::wstring& name) {
     GetModuleFileNameW(nullptr, exe, MAX_PATH);
     const std::wstring path(exe);
     return path.substr(0, path.find_last_of(L"\\/") + 1) + name;
+}
+
+// Removes a folder of files (the demo host fills it again when it runs).
+void RemoveFolder(const std::wstring& folder) {
+    WIN32_FIND_DATAW found;
+    HANDLE search = FindFirstFileW((folder + L"\\*").c_str(), &found);
+    while (search != INVALID_HANDLE_VALUE) {
+        DeleteFileW((folder + L"\\" + found.cFileName).c_str());
+        if (!FindNextFileW(search, &found)) break;
+    }
+    if (search != INVALID_HANDLE_VALUE) FindClose(search);
+    RemoveDirectoryW(folder.c_str());
 }
 
 // A red w x h 24-bit picture file.
@@ -137,6 +147,7 @@ TEST_F(MappingPanelTest, ClipboardWithoutAPictureKeepsThePreviousOne) {
 TEST_F(MappingPanelTest, PictureListChoosesFromTheImageFolder) {
     const std::wstring folder = BesideTest(L"Image");
     const std::wstring picture = folder + L"\\写真.bmp";
+    RemoveFolder(folder);
     CreateDirectoryW(folder.c_str(), nullptr);
     WritePicture(picture, 48, 24);
     const std::wstring before = BesideTest(L"");
@@ -159,7 +170,7 @@ TEST_F(MappingPanelTest, PictureListChoosesFromTheImageFolder) {
     wchar_t now[MAX_PATH] = {};
     GetCurrentDirectoryW(MAX_PATH, now);
     EXPECT_EQ(std::wstring(now) + L"\\", before);
-    DeleteFileW(picture.c_str());
+    RemoveFolder(folder);
 }
 
 TEST_F(MappingPanelTest, WithoutAPictureTheHostsObjectIsLeftAlone) {

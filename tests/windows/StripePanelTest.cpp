@@ -90,12 +90,7 @@ TEST_F(StripePanelTest, ButtonsBarsAndArrowsSetWhatTheHostReads) {
 
 TEST_F(StripePanelTest, BackgroundColorOnlyWhenThePanelsOwnColorIsChosen) {
     {
-        SystemDialogWatcher watcher([](HWND chooser) {
-            SetDlgItemInt(chooser, 706, 1, FALSE);
-            SetDlgItemInt(chooser, 707, 2, FALSE);
-            SetDlgItemInt(chooser, 708, 3, FALSE);
-            PressDialogButton(chooser, IDOK);
-        });
+        SystemDialogWatcher watcher(TypeColorIntoChooser(1, 2, 3));
         Click(panel, 1101);
         ASSERT_EQ(watcher.seen().size(), 1u);
     }

@@ -143,6 +143,15 @@ void CALLBACK SystemDialogWatcher::OnTimer(HWND, UINT, UINT_PTR, DWORD) {
     }
 }
 
+std::function<void(HWND)> TypeColorIntoChooser(int red, int green, int blue) {
+    return [=](HWND chooser) {
+        SetDlgItemInt(chooser, 706, red, FALSE);
+        SetDlgItemInt(chooser, 707, green, FALSE);
+        SetDlgItemInt(chooser, 708, blue, FALSE);
+        PressDialogButton(chooser, IDOK);
+    };
+}
+
 void PressDialogButton(HWND dialog, int id) {
     PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED),
                  reinterpret_cast<LPARAM>(GetDlgItem(dialog, id)));
@@ -185,16 +194,20 @@ void CALLBACK PopupMenuPicker::OnTimer(HWND, UINT, UINT_PTR, DWORD) {
     PostMessageW(menuWindow, WM_KEYDOWN, VK_RETURN, 0);
 }
 
-HWND ColorSetPanelOf(HWND remote) {
-    return GetWindow(GetDlgItem(remote, 1027), GW_CHILD);
-}
-
-HWND EffectPanelOf(HWND remote, int id) {
-    for (HWND panel = GetWindow(GetDlgItem(remote, 1002), GW_CHILD); panel != nullptr;
+HWND PanelOf(HWND remote, int frame, int id) {
+    for (HWND panel = GetWindow(GetDlgItem(remote, frame), GW_CHILD); panel != nullptr;
          panel = GetWindow(panel, GW_HWNDNEXT)) {
         if (GetDlgItem(panel, id) != nullptr) return panel;
     }
     return nullptr;
+}
+
+HWND ColorSetPanelOf(HWND remote) {
+    return PanelOf(remote, 1027, 1011);
+}
+
+HWND EffectPanelOf(HWND remote, int id) {
+    return PanelOf(remote, 1002, id);
 }
 
 namespace {

@@ -106,11 +106,17 @@ class PopupMenuPicker {
     std::vector<Item> items_;
 };
 
+// A watcher action for the system color chooser: types the color into its
+// red, green and blue boxes and presses OK.
+std::function<void(HWND)> TypeColorIntoChooser(int red, int green, int blue);
+
 // Clicks a button of a dialog the way its own command would arrive.
 void PressDialogButton(HWND dialog, int id);
 
 // The color set panel inside a remote control.
 HWND ColorSetPanelOf(HWND remote);
+// The panel inside the remote control's `frame` that holds control `id`.
+HWND PanelOf(HWND remote, int frame, int id);
 // The effect panel inside a remote control that holds control `id`.
 HWND EffectPanelOf(HWND remote, int id);
 
