@@ -45,7 +45,7 @@ void CDlgImageSource::ReplaceImage(BitmapImage* replacement) {
     image = replacement;
 }
 
-bool CDlgImageSource::LoadImage(const std::string& utf8Path) {
+bool CDlgImageSource::LoadPicture(const std::string& utf8Path) {
     ReplaceImage(BitmapImage::NewEmpty());
     if (image == nullptr) return false;
     int code = image->LoadFile(utf8Path.c_str());
@@ -67,7 +67,7 @@ void CDlgImageSource::OnImageList() {
     if (PXImagePanel_DoModal() == 1 && PXImagePanel_GetSelectedImage(chosen)) {
         // A picture that cannot be read stops here, as it always has: the
         // folder the list left current stays, and the preview is not redrawn.
-        if (!LoadImage(NarrowToUtf8(WidenAnsi(chosen)))) return;
+        if (!LoadPicture(NarrowToUtf8(WidenAnsi(chosen)))) return;
     }
     SetCurrentDirectoryW(previousDirectory.c_str());
     PaintPreview();
@@ -77,7 +77,7 @@ void CDlgImageSource::OnImageFile() {
     // Whatever folder the dialog leaves current stays current.
     std::string path;
     if (!SystemDialogs::OpenFile(kFileFilter, L"bmp", &path)) return;
-    if (LoadImage(path)) PaintPreview();
+    if (LoadPicture(path)) PaintPreview();
 }
 
 void CDlgImageSource::OnClipboard() {

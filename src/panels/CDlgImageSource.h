@@ -30,7 +30,7 @@ class CDlgImageSource : public Dialog {
     void OnClipboard();
     // Replaces the image by the picture at `utf8Path`, in 24-bit color; false
     // (after telling the user) when it cannot be read.
-    bool LoadImage(const std::string& utf8Path);
+    bool LoadPicture(const std::string& utf8Path);
     void ReplaceImage(BitmapImage* replacement);
     void PaintPreview() const;
 
