@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "BmpWriter.h"
+#include "RatioReporter.h"
 #include "vellcolor/BitmapImage.h"
 
 #define STB_IMAGE_IMPLEMENTATION
@@ -128,22 +129,6 @@ void DecodeAndConvert(benchmark::State& state) {
     }
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * s.pixelBytes));
 }
-
-// Keeps each run's time per iteration so the ratios come from this run.
-class RatioReporter : public benchmark::ConsoleReporter {
-  public:
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& run : runs) times_[run.benchmark_name()] = run.GetAdjustedRealTime();
-        ConsoleReporter::ReportRuns(runs);
-    }
-    double Time(const std::string& name) const {
-        const auto it = times_.find(name);
-        return it == times_.end() ? 0.0 : it->second;
-    }
-
-  private:
-    std::map<std::string, double> times_;
-};
 
 }  // namespace
 

@@ -8,10 +8,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <map>
 #include <string>
 #include <vector>
 
+#include "RatioReporter.h"
 #include "panels/TextureSamples.h"
 #include "vellcolor/BitmapImage.h"
 
@@ -66,21 +66,6 @@ void OneTexture(benchmark::State& state, int texture, Size size) {
         benchmark::DoNotOptimize(image.pixels);
     }
 }
-
-class RatioReporter : public benchmark::ConsoleReporter {
-  public:
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& run : runs) times_[run.benchmark_name()] = run.GetAdjustedRealTime();
-        ConsoleReporter::ReportRuns(runs);
-    }
-    double Time(const std::string& name) const {
-        const auto it = times_.find(name);
-        return it == times_.end() ? 0.0 : it->second;
-    }
-
-  private:
-    std::map<std::string, double> times_;
-};
 
 }  // namespace
 

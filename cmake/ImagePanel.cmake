@@ -18,17 +18,7 @@ target_include_directories(VellImagePanel PRIVATE include src tools/imagepanel)
 target_link_libraries(VellImagePanel PRIVATE vellcore comctl32 gdi32 user32)
 target_link_options(VellImagePanel PRIVATE -Wl,--kill-at)
 
-# Callers compiled with __stdcall look for PXImagePanel_SetDirectory@4 on
-# i686; dlltool keeps that symbol and imports it by the plain name.
-set(VELL_IMAGE_PANEL_IMPORT_LIB ${CMAKE_ARCHIVE_OUTPUT_DIRECTORY}/libVellImagePanel.dll.a)
-add_custom_command(TARGET VellImagePanel POST_BUILD
-  COMMAND ${VELL_DLLTOOL} --kill-at --input-def ${VELL_IMAGE_PANEL_DEF}
-          --dllname VellImagePanel.dll --output-lib ${VELL_IMAGE_PANEL_IMPORT_LIB}
-  VERBATIM)
-add_library(VellImagePanelImport INTERFACE)
-target_include_directories(VellImagePanelImport INTERFACE ${CMAKE_SOURCE_DIR}/include)
-target_link_libraries(VellImagePanelImport INTERFACE ${VELL_IMAGE_PANEL_IMPORT_LIB})
-add_dependencies(VellImagePanelImport VellImagePanel)
+vell_host_import_library(VellImagePanel ${VELL_IMAGE_PANEL_DEF} VellImagePanelImport)
 
 add_executable(win_image_panel_tests tests/windows/ImagePanelTest.cpp tests/native/BmpWriter.cpp)
 target_include_directories(win_image_panel_tests PRIVATE tests/native tools/imagepanel)

@@ -65,19 +65,25 @@ set_target_properties(VellColor PROPERTIES
   RC_FLAGS "-I${CMAKE_SOURCE_DIR}/resources -c 65001"
   ARCHIVE_OUTPUT_NAME VellColor-cxx)
 
-# The hosts' import library: the linker's own would carry the undecorated
-# names too, but a compiler calling a __stdcall function looks for
-# PXColor_Open@8. dlltool keeps that symbol and imports it by the plain name.
-# The linker's library (libVellColor-cxx.dll.a) adds the exported classes.
+# A module's import library for hosts, lib<module>.dll.a, and an interface
+# target `import` that links it. The linker's own library would carry the
+# undecorated names too, but a compiler calling a __stdcall function looks
+# for PXColor_Open@8; dlltool keeps that symbol and imports it by the plain
+# name.
 find_program(VELL_DLLTOOL ${CMAKE_SYSTEM_PROCESSOR}-w64-mingw32-dlltool REQUIRED)
-set(VELL_IMPORT_LIB ${CMAKE_ARCHIVE_OUTPUT_DIRECTORY}/libVellColor.dll.a)
-add_custom_command(TARGET VellColor POST_BUILD
-  COMMAND ${VELL_DLLTOOL} --kill-at --input-def ${VELL_DEF}
-          --dllname VellColor.dll --output-lib ${VELL_IMPORT_LIB}
-  VERBATIM)
-add_library(VellColorImport INTERFACE)
-target_link_libraries(VellColorImport INTERFACE ${VELL_IMPORT_LIB})
-add_dependencies(VellColorImport VellColor)
+function(vell_host_import_library module def import)
+  set(lib ${CMAKE_ARCHIVE_OUTPUT_DIRECTORY}/lib${module}.dll.a)
+  add_custom_command(TARGET ${module} POST_BUILD
+    COMMAND ${VELL_DLLTOOL} --kill-at --input-def ${def} --dllname ${module}.dll
+            --output-lib ${lib}
+    VERBATIM)
+  add_library(${import} INTERFACE)
+  target_include_directories(${import} INTERFACE ${CMAKE_SOURCE_DIR}/include)
+  target_link_libraries(${import} INTERFACE ${lib})
+  add_dependencies(${import} ${module})
+endfunction()
+# The linker's library (libVellColor-cxx.dll.a) adds the exported classes.
+vell_host_import_library(VellColor ${VELL_DEF} VellColorImport)
 
 add_executable(VellDemoHost WIN32 tools/DemoHost.cpp)
 target_link_libraries(VellDemoHost PRIVATE VellColorImport vellcore)
