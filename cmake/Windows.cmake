@@ -123,7 +123,8 @@ target_include_directories(win_mapping_panel_tests PRIVATE tests/native)
 add_executable(win_internal_tests tests/windows/ErrorMessageTest.cpp
                                   tests/windows/GradationDisplayTest.cpp
                                   tests/windows/BitmapDrawTest.cpp tests/windows/ClipboardTest.cpp
-                                  tests/windows/ColorSetCurrentSlotTest.cpp resources/VellColor.rc)
+                                  tests/windows/ColorSetCurrentSlotTest.cpp
+                                  tests/windows/SettingsSectionTest.cpp resources/VellColor.rc)
 set_source_files_properties(resources/VellColor.rc PROPERTIES
   COMPILE_FLAGS "-I${CMAKE_SOURCE_DIR}/resources -c 65001")
 target_link_libraries(win_internal_tests PRIVATE vell_wintest_support vellwin vellcore
@@ -138,3 +139,9 @@ set_tests_properties(win_module_tests win_notification_tests win_settings_tests
                      win_geometric_panel_tests win_stripe_panel_tests win_mapping_panel_tests
                      PROPERTIES RUN_SERIAL TRUE TIMEOUT 600)
 include(cmake/ImagePanel.cmake)
+
+# The open-latency benchmark: run by scripts/bench.sh, not by the tests.
+add_executable(OpenBench bench/OpenBench.cpp)
+target_link_libraries(OpenBench PRIVATE VellColorImport comctl32)
+target_include_directories(OpenBench PRIVATE resources)
+target_link_options(OpenBench PRIVATE -static)

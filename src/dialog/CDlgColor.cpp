@@ -375,10 +375,10 @@ void CDlgColor::LoadParameter() {
     if (sets == nullptr) return;
     sets->removeAll();
     // Sets found are appended in key order, so gaps close on the next save.
+    const SettingsFile::Section table = settings.ReadSection(kColorTableSection);
     ColorSetRecord working;
     for (int i = 0; i < colors.GetMaxColorSetCount(); ++i) {
-        const std::string value =
-            settings.ReadString(kColorTableSection, ColorSetKey(i).c_str(), 512);
+        const std::string value = table.ReadString(ColorSetKey(i).c_str(), 512);
         if (!value.empty() && ParseColorSet(value, &working))
             sets->insertAfter(sets->count() - 1, working);
     }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 class SettingsFile {
   public:
@@ -17,6 +18,23 @@ class SettingsFile {
     // At most `capacity` - 1 bytes of the value; empty when missing.
     std::string ReadString(const wchar_t* section, const wchar_t* key, int capacity) const;
     void Write(const wchar_t* section, const wchar_t* key, const std::string& value) const;
+
+    // A whole section taken from the file in one read, for reading many of
+    // its keys: each read through the file opens and checks the file anew.
+    class Section {
+      public:
+        // What the file's ReadString gives for `key` (an ASCII name).
+        std::string ReadString(const wchar_t* key, int capacity) const;
+
+      private:
+        friend class SettingsFile;
+        Section(const std::wstring& path, const wchar_t* name) : path_(path), name_(name) {}
+        std::wstring path_;
+        std::wstring name_;
+        bool whole_ = false;  // false: too large to take at once; read key by key
+        std::vector<std::wstring> entries_;  // "key=value", or a key alone
+    };
+    Section ReadSection(const wchar_t* section) const;
 
     // Empties the file, then deletes "PXColor.ini" in the current directory,
     // with the short waits in between that the rewrite has always had.

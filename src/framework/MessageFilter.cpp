@@ -8,8 +8,12 @@ HHOOK g_hook = nullptr;
 int g_users = 0;
 
 LRESULT CALLBACK GetMessageHook(int code, WPARAM wParam, LPARAM lParam) {
-    if (code == HC_ACTION && wParam == PM_REMOVE) {
-        MSG* msg = reinterpret_cast<MSG*>(lParam);
+    MSG* msg = reinterpret_cast<MSG*>(lParam);
+    // Paint messages skip the filters: they come only when nothing else is
+    // queued, so what the filters keep up to date already is, and walking
+    // each of the many paints of a fresh dialog through them costs more
+    // than all its painting.
+    if (code == HC_ACTION && wParam == PM_REMOVE && msg->message != WM_PAINT) {
         try {
             if (MessageFilter::Filter(msg)) {
                 msg->message = WM_NULL;
