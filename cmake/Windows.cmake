@@ -115,6 +115,7 @@ vell_dll_test(win_layout_tests tests/windows/LayoutTest.cpp)
 vell_dll_test(win_color_set_tests tests/windows/ColorSetPanelTest.cpp)
 vell_dll_test(win_geometric_panel_tests tests/windows/GeometricPanelsTest.cpp)
 vell_dll_test(win_stripe_panel_tests tests/windows/StripePanelTest.cpp)
+vell_dll_test(win_soak_tests tests/windows/SoakTest.cpp)
 vell_dll_test(win_mapping_panel_tests tests/windows/MappingPanelTest.cpp
               tests/native/BmpWriter.cpp)
 target_include_directories(win_mapping_panel_tests PRIVATE tests/native)
@@ -137,7 +138,7 @@ add_test(NAME win_internal_tests COMMAND win_internal_tests)
 set_tests_properties(win_module_tests win_notification_tests win_settings_tests
                      win_layout_tests win_internal_tests win_color_set_tests
                      win_geometric_panel_tests win_stripe_panel_tests win_mapping_panel_tests
-                     PROPERTIES RUN_SERIAL TRUE TIMEOUT 600)
+                     win_soak_tests PROPERTIES RUN_SERIAL TRUE TIMEOUT 600)
 include(cmake/ImagePanel.cmake)
 
 # The open-latency benchmark: run by scripts/bench.sh, not by the tests.

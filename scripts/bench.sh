@@ -1,10 +1,19 @@
 #!/usr/bin/env bash
 # Builds and runs the benchmarks (decoding, then the texture samples); each
 # closing table gives the results as ratios against baselines measured in the
-# same run.
+# same run. Then, under Wine in a virtual display, the open latency against
+# the bare templates (VELL_OPEN_ROUNDS rounds, default 30) and the long soak
+# (1000 open-update-read-close cycles, 10 000 reads of every effect).
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 ensure_tools
 configure_and_build "$build/native" -DVELL_BENCH=ON >/dev/null
 "$build/native/vell_bench" --benchmark_min_time="${VELL_BENCH_MIN_TIME:-1}" "$@"
 "$build/native/vell_texture_bench" --benchmark_min_time="${VELL_BENCH_MIN_TIME:-1}" "$@"
+
+build_windows >/dev/null
+bin="$windows_build/bin"
+VELL_XVFB=1 "$root/scripts/with-display.sh" bash -c "
+  '$root/scripts/wine-prefix.sh' &&
+  '$root/scripts/wine-run.sh' '$bin/OpenBench.exe' ${VELL_OPEN_ROUNDS:-30} &&
+  VELL_SOAK_CYCLES=1000 VELL_SOAK_READS=10000 '$root/scripts/wine-run.sh' '$bin/win_soak_tests.exe'"
