@@ -68,6 +68,9 @@ BOOL CDlgColorSet::OnInitDialog() {
     palette_[0] = ColorRGB(0, 0, 0);
     for (int i = 1; i < kSlots; ++i) palette_[i] = ColorRGB(255, 255, 255);
     current_ = 0;
+    // A fresh list first: setting the count below refills the list box,
+    // which would otherwise fill it with the previous dialog's sets.
+    setList_.reset(new ColorSetList);
     SendDlgItemMessageW(hwnd(), IDC_SET_COUNT_SPIN, UDM_SETRANGE32, 2, 7);
     SendDlgItemMessageW(hwnd(), IDC_SET_COUNT_SPIN, UDM_SETPOS32, 0, 2);
     // The swatches are drawn by us from here on.
@@ -77,7 +80,6 @@ BOOL CDlgColorSet::OnInitDialog() {
         SetWindowLongW(swatch, GWL_STYLE, (style & ~BS_TYPEMASK) | BS_OWNERDRAW);
         InvalidateRect(swatch, nullptr, TRUE);
     }
-    setList_.reset(new ColorSetList);
 
     // The list drops down ten times as far as the closed box is high.
     HWND combo = Item(IDC_SET_LIST);
