@@ -16,11 +16,10 @@
 #include <vector>
 
 #include "ResourceIds.h"
-#include "vellcolor/VellColor.h"
+#include "WinTestSupport.h"
 
 namespace {
 
-const UINT kNotifyMessage = WM_APP + 0x300;
 const int kWarmUp = 3;
 const double kTarget = 1.3;
 
@@ -32,8 +31,6 @@ double Seconds() {
     return static_cast<double>(now.QuadPart) / frequency.QuadPart;
 }
 
-// Dispatches until nothing is left, paint messages included: PeekMessage
-// hands those out only once nothing else is queued.
 // Dispatches until nothing is left, paint messages included: PeekMessage
 // hands those out only once nothing else is queued.
 void PumpUntilIdle() {
@@ -50,15 +47,8 @@ double Median(std::vector<double> values) {
     return n == 0 ? 0.0 : (n % 2 ? values[n / 2] : (values[n / 2 - 1] + values[n / 2]) / 2);
 }
 
-std::wstring SettingsPath() {
-    wchar_t path[MAX_PATH] = {};
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    std::wstring p(path);
-    return p.substr(0, p.find_last_of(L"\\/")) + L"\\PXColor.ini";
-}
-
 // 64 sets of 2 to 7 colors, all shown by the gradation's count range.
-void WriteSettings() {
+void WriteColorSets() {
     std::string text = "[Window]\r\nTop=40\r\nLeft=40\r\nDisplay=1\r\n[ColorTable]\r\n";
     for (int i = 0; i < 64; ++i) {
         const int count = 2 + i % 6;
@@ -70,14 +60,7 @@ void WriteSettings() {
         }
         text += std::string(line) + "\r\n";
     }
-    if (FILE* f = _wfopen(SettingsPath().c_str(), L"wb")) {
-        std::fwrite(text.data(), 1, text.size(), f);
-        std::fclose(f);
-    }
-}
-
-LRESULT CALLBACK HostProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
-    return DefWindowProcW(hwnd, msg, wParam, lParam);
+    WriteSettings(text);
 }
 
 INT_PTR CALLBACK TrivialProc(HWND, UINT msg, WPARAM, LPARAM) {
@@ -85,12 +68,12 @@ INT_PTR CALLBACK TrivialProc(HWND, UINT msg, WPARAM, LPARAM) {
 }
 
 bool HasTemplate(HINSTANCE module, int id) {
-    return FindResourceW(module, MAKEINTRESOURCEW(id), MAKEINTRESOURCEW(5)) != nullptr;  // RT_DIALOG
+    return FindResourceW(module, MAKEINTRESOURCEW(id), RT_DIALOG) != nullptr;
 }
 
-double OpenRemoteControl(VellHostWindow* host) {
+double OpenRemoteControl(TestHost& host) {
     const double start = Seconds();
-    PXColor_Open(AsHostWindow(host), kNotifyMessage);
+    PXColor_Open(host.window(), kNotifyMessage);
     PXColor_ShowWindow(SW_SHOWNORMAL);
     PumpUntilIdle();
     const double elapsed = Seconds() - start;
@@ -137,28 +120,20 @@ int main(int argc, char** argv) {
         }
     }
 
-    WNDCLASSW wc = {};
-    wc.lpfnWndProc = HostProc;
-    wc.hInstance = GetModuleHandleW(nullptr);
-    wc.lpszClassName = L"VellBenchHost";
-    RegisterClassW(&wc);
-    VellHostWindow host = {};
-    host.m_hWnd = CreateWindowW(wc.lpszClassName, L"bench host", WS_OVERLAPPEDWINDOW, 600, 100,
-                                200, 100, nullptr, nullptr, wc.hInstance, nullptr);
-    WriteSettings();
+    TestHost host;
+    WriteColorSets();
 
     // Alternating, so that whatever drifts in the machine meets both alike.
     std::vector<double> open, floor, ratios;
     for (int i = 0; i < kWarmUp + rounds; ++i) {
-        const double a = OpenRemoteControl(&host);
+        const double a = OpenRemoteControl(host);
         const double b = OpenBareTemplates(module, panels);
         if (i < kWarmUp) continue;
         open.push_back(a);
         floor.push_back(b);
         ratios.push_back(a / b);
     }
-    DestroyWindow(host.m_hWnd);
-    DeleteFileW(SettingsPath().c_str());
+    RemoveSettings();
 
     const double openMs = Median(open) * 1000;
     const double floorMs = Median(floor) * 1000;

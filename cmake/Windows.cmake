@@ -145,6 +145,5 @@ include(cmake/ImagePanel.cmake)
 
 # The open-latency benchmark: run by scripts/bench.sh, not by the tests.
 add_executable(OpenBench bench/OpenBench.cpp)
-target_link_libraries(OpenBench PRIVATE VellColorImport comctl32)
-target_include_directories(OpenBench PRIVATE resources)
+target_link_libraries(OpenBench PRIVATE vell_wintest_support VellColorImport vellcore comctl32)
 target_link_options(OpenBench PRIVATE -static)
