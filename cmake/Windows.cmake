@@ -146,5 +146,6 @@ add_test(NAME win_internal_tests COMMAND win_internal_tests)
 set_tests_properties(win_module_tests win_notification_tests win_settings_tests
                      win_layout_tests win_internal_tests win_color_set_tests
                      win_geometric_panel_tests win_stripe_panel_tests win_mapping_panel_tests
-                     win_unload_tests PROPERTIES RUN_SERIAL TRUE TIMEOUT 600)
+                     win_isoline_panel_tests win_unload_tests PROPERTIES RUN_SERIAL TRUE
+                     TIMEOUT 600)
 include(cmake/ImagePanel.cmake)
