@@ -1,6 +1,7 @@
 // Writes the fuzzers' seed corpora: packed DIBs of every accepted depth and
-// a few refused ones, as files and clipboard blocks hold them, and paths
-// with the splitter's odd cases.
+// a few refused ones, as files and clipboard blocks hold them, paths with
+// the splitter's odd cases, and color set values as the settings file holds
+// them, well formed and not.
 #include <sys/stat.h>
 
 #include <cstdint>
@@ -10,6 +11,15 @@
 #include "BmpWriter.h"
 
 namespace {
+
+void WriteTexts(const std::string& dir, const std::string& prefix,
+                const std::vector<std::string>& texts) {
+    mkdir(dir.c_str(), 0755);
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        WriteFile(dir + "/" + prefix + std::to_string(i),
+                  std::vector<std::uint8_t>(texts[i].begin(), texts[i].end()));
+    }
+}
 
 void Dib(const std::string& dir, const std::string& name, const BmpLayout& layout) {
     WriteFile(dir + "/" + name, DibBlockOf(MakeBmp(layout)));
@@ -38,7 +48,6 @@ int main(int argc, char** argv) {
     const std::string paths = root + "/path_splitter";
     mkdir(root.c_str(), 0755);
     mkdir(dibs.c_str(), 0755);
-    mkdir(paths.c_str(), 0755);
 
     BmpLayout layout;
     layout.width = 5;
@@ -82,7 +91,7 @@ int main(int argc, char** argv) {
     layout.width = layout.height = 100;
     BlockDib(dibs, "block-claims-more", layout, 45);
 
-    const std::vector<std::string> samples = {"C:/pics/sky.bmp",
+    WriteTexts(paths, "path", {"C:/pics/sky.bmp",
                                               "C:\\pics\\sky.BMP",
                                               "sky",
                                               "C:/pics/",
@@ -91,10 +100,11 @@ int main(int argc, char** argv) {
                                               "C:/data.old/image",
                                               "/sky.bmp",
                                               "\\\\server\\share\\a.b.c",
-                                              ""};
-    for (std::size_t i = 0; i < samples.size(); ++i) {
-        WriteFile(paths + "/path" + std::to_string(i),
-                  std::vector<std::uint8_t>(samples[i].begin(), samples[i].end()));
-    }
+                                              ""});
+    WriteTexts(root + "/color_set_text", "set",
+               {"3 255 0 0 0 255 0 0 0 255", "1 0 0 0",
+                "9 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20 21 22 23 24 25 26 27",
+                "2 300 -1 256   7 x 99999999999", "4 10 20", "0 1 2 3", "-2 1 1 1", " 7", "",
+                "+3 0x10 1e3 -0 255\t9 8"});
     return 0;
 }
