@@ -14,7 +14,8 @@
 namespace {
 
 const char kFileName[] = "PXColor.ini";
-// Sections up to this many characters are taken whole.
+// Sections up to this many characters are taken whole; larger ones are read
+// key by key.
 const DWORD kMaxSectionChars = 1 << 24;
 
 std::wstring CurrentDirectory() {

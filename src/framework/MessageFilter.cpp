@@ -9,10 +9,10 @@ int g_users = 0;
 
 LRESULT CALLBACK GetMessageHook(int code, WPARAM wParam, LPARAM lParam) {
     MSG* msg = reinterpret_cast<MSG*>(lParam);
-    // Paint messages skip the filters: they come only when nothing else is
-    // queued, so what the filters keep up to date already is, and walking
-    // each of the many paints of a fresh dialog through them costs more
-    // than all its painting.
+    // Paint messages skip the filters. They arrive only once nothing else is
+    // queued, so the messages before them have already brought the panels'
+    // enabling up to date, and walking each of the many paints of a fresh
+    // dialog through the filters cost more than all of its painting.
     if (code == HC_ACTION && wParam == PM_REMOVE && msg->message != WM_PAINT) {
         try {
             if (MessageFilter::Filter(msg)) {
