@@ -121,9 +121,9 @@ target_include_directories(win_mapping_panel_tests PRIVATE tests/native)
 
 # Programs that link the Win32 layer itself, for what the DLL does not export.
 add_executable(win_internal_tests tests/windows/ErrorMessageTest.cpp
-                                  tests/windows/GradationDisplayTest.cpp
+                                  tests/windows/PanelStateTest.cpp
                                   tests/windows/BitmapDrawTest.cpp tests/windows/ClipboardTest.cpp
-                                  tests/windows/ColorSetCurrentSlotTest.cpp resources/VellColor.rc)
+                                  resources/VellColor.rc)
 set_source_files_properties(resources/VellColor.rc PROPERTIES
   COMPILE_FLAGS "-I${CMAKE_SOURCE_DIR}/resources -c 65001")
 target_link_libraries(win_internal_tests PRIVATE vell_wintest_support vellwin vellcore

@@ -1,6 +1,6 @@
 // Helpers for the Windows tests: a real host window that records the
 // notifications it receives, message pumping, the remote control's window,
-// a watcher that reads and answers system dialogs, and the settings file.
+// watchers that read and answer system dialogs and menus, and the settings file.
 #pragma once
 
 #include <windows.h>
@@ -29,6 +29,7 @@ class TestHost {
     CWnd* window() { return AsHostWindow(&layout_); }
     HWND hwnd() const { return layout_.m_hWnd; }
     const std::vector<Notification>& received() const { return received_; }
+    std::vector<std::string> names() const;
     void Clear() { received_.clear(); }
 
   private:
@@ -38,26 +39,37 @@ class TestHost {
     std::vector<Notification> received_;
 };
 
-// Runs an ordinary GetMessage/TranslateMessage/DispatchMessage loop until
-// every message already queued (and whatever they cause) has been handled.
+// Dispatches every message already queued, and whatever they cause.
 void PumpMessages();
-
-// Keeps dispatching messages, timers included, until `done` answers true or
+// Dispatches messages, timers included, until `done` answers true or
 // `milliseconds` have passed; returns `done`'s last answer.
 bool PumpUntil(const std::function<bool()>& done, DWORD milliseconds = 3000);
 
 // The remote control windows of this thread.
 std::vector<HWND> RemoteControls();
 HWND RemoteControl();
+// The panel inside the remote control's `frame` that holds control `id`.
+HWND PanelOf(HWND remote, int frame, int id);
+HWND ColorSetPanelOf(HWND remote);
+HWND EffectPanelOf(HWND remote, int id);
 
 // BM_CLICK on control `id` of `dialog`.
 void Click(HWND dialog, int id);
-
+// A click posted as the button's own command would arrive.
+void PressDialogButton(HWND dialog, int id);
+// WM_HSCROLL from scroll bar `bar` of `dialog`.
+void Scroll(HWND dialog, int bar, int code, int thumb = 0);
+// A space key press queued for `control` as the keyboard would, then pumped.
+void PressSpace(HWND control);
+bool Enabled(HWND dialog, int id);
 std::wstring WindowText(HWND hwnd);
+// The pixel of `window`'s client area as painted on the screen.
+COLORREF ScreenPixel(HWND window, int x, int y);
 
 // While alive, answers every system dialog (message box, color chooser...)
-// that this thread shows: records its caption and text and presses
-// `buttonId`. It runs from a thread timer, inside the dialog's own loop.
+// that this thread shows, from a thread timer inside the dialog's own loop:
+// records its caption and text and presses `buttonId`, or runs `action`,
+// which closes it.
 class SystemDialogWatcher {
   public:
     struct Seen {
@@ -67,7 +79,6 @@ class SystemDialogWatcher {
     };
 
     explicit SystemDialogWatcher(int buttonId = IDOK);
-    // Runs `action` on each new dialog instead; the action closes it.
     explicit SystemDialogWatcher(std::function<void(HWND)> action);
     ~SystemDialogWatcher();
 
@@ -82,13 +93,12 @@ class SystemDialogWatcher {
 };
 
 // While alive, answers the first popup menu this thread tracks: records its
-// items and which one is checked, then picks the item at `position`
-// (counting separators too), or dismisses the menu when `position` is -1.
+// items, then picks the item at `position` (separators count) or dismisses
+// the menu when `position` is -1.
 class PopupMenuPicker {
   public:
     struct Item {
         std::wstring text;
-        UINT id;
         bool checked;
     };
 
@@ -109,16 +119,6 @@ class PopupMenuPicker {
 // A watcher action for the system color chooser: types the color into its
 // red, green and blue boxes and presses OK.
 std::function<void(HWND)> TypeColorIntoChooser(int red, int green, int blue);
-
-// Clicks a button of a dialog the way its own command would arrive.
-void PressDialogButton(HWND dialog, int id);
-
-// The color set panel inside a remote control.
-HWND ColorSetPanelOf(HWND remote);
-// The panel inside the remote control's `frame` that holds control `id`.
-HWND PanelOf(HWND remote, int frame, int id);
-// The effect panel inside a remote control that holds control `id`.
-HWND EffectPanelOf(HWND remote, int id);
 
 // Real keyboard input: a second thread presses and releases each virtual
 // key in turn with SendInput while this thread keeps pumping messages, as a
