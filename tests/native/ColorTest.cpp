@@ -145,30 +145,4 @@ TEST(ColorTest, HueInterpolationAlternatesItsWayRoundTheCircle) {
     EXPECT_EQ(grays[1], Rgb(128, 128, 128));
 }
 
-TEST(ColorTest, FluctuationStaysNearTheStoredColor) {
-    ModuleRandom().Seed(5);
-    bool moved = false;
-    for (int i = 0; i < 300; ++i) {
-        const ColorRGB c = Fluctuate(Rgb(100, 0, 255));
-        EXPECT_NEAR(c.red, 100, 43);
-        EXPECT_LE(c.green, 43);
-        EXPECT_GE(c.blue, 212);
-        moved = moved || c != Rgb(100, 0, 255);
-    }
-    EXPECT_TRUE(moved);
-}
-
-TEST(ColorTest, RotationAndReversalOfTheInUseSlots) {
-    ColorRGB s[5] = {Rgb(1, 0, 0), Rgb(2, 0, 0), Rgb(3, 0, 0), Rgb(4, 0, 0), Rgb(9, 9, 9)};
-    const auto reds = [&] { return std::vector<int>{s[0].red, s[1].red, s[2].red, s[3].red}; };
-    RotateLeft(s, 4);
-    EXPECT_EQ(reds(), (std::vector<int>{2, 3, 4, 1}));
-    RotateRight(s, 4);
-    RotateRight(s, 4);
-    EXPECT_EQ(reds(), (std::vector<int>{4, 1, 2, 3}));
-    Reverse(s, 4);
-    EXPECT_EQ(reds(), (std::vector<int>{3, 2, 1, 4}));
-    EXPECT_EQ(s[4], Rgb(9, 9, 9));
-}
-
 }  // namespace
