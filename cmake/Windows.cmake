@@ -121,7 +121,6 @@ target_include_directories(win_mapping_panel_tests PRIVATE tests/native)
 
 # Programs that link the Win32 layer itself, for what the DLL does not export.
 add_executable(win_internal_tests tests/windows/ErrorMessageTest.cpp
-                                  tests/windows/PanelStateTest.cpp
                                   tests/windows/BitmapDrawTest.cpp tests/windows/ClipboardTest.cpp
                                   resources/VellColor.rc)
 set_source_files_properties(resources/VellColor.rc PROPERTIES

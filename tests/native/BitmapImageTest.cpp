@@ -195,18 +195,6 @@ TEST(BitmapImageTest, QuirksOfWellFormedFiles) {
     EXPECT_EQ(BGR(image, 0, 1), kBlack);
 }
 
-TEST(BitmapImageTest, PackedDIBReaderStaysInsideItsRange) {
-    const std::vector<std::uint8_t> block = DibBlockOf(MakeBmp(Layout(6, 5)));
-    BitmapImage image;
-    // Every prefix, in a buffer of its own size, either loads or says why not.
-    for (std::size_t n = 0; n <= block.size(); ++n) {
-        std::vector<std::uint8_t> exact(block.begin(), block.begin() + n);
-        const int result = image.SetFromPackedDIB(exact.data(), exact.size());
-        EXPECT_TRUE(result == kOk || result == kErrorFileRead) << n;
-    }
-    EXPECT_EQ(image.SetFromPackedDIB(nullptr, 100), kErrorFileRead);
-}
-
 TEST(BitmapImageTest, CopyTakesTheNameAndRefusesNothingOfItsOwn) {
     BitmapImage image, copy;
     ASSERT_EQ(image.Create(3, 2, 3, 0), kOk);

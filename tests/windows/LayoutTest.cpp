@@ -90,14 +90,4 @@ static_assert(std::is_standard_layout<KTEffectGradation>::value &&
                   std::is_standard_layout<VellHostWindow>::value,
               "host-visible classes are standard layout");
 
-TEST(LayoutTest, ColorArraysComeFromTheSharedRuntimeHeap) {
-    // A host that shares msvcrt.dll frees what the object allocated.
-    KTEffectGradation gradation;
-    ColorRGB* colors = gradation.colors;
-    ASSERT_NE(colors, nullptr);
-    gradation.colors = nullptr;
-    gradation.colorCount = 0;
-    free(colors);
-}
-
 }  // namespace

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "RemoteControlTest.h"
-#include "dialog/CDlgColor.h"
 
 namespace {
 
@@ -90,17 +89,6 @@ TEST(NoRecipientTest, EveryButtonTellsTheUserAndSendsNothing) {
         }
     }
     PXColor_Close();
-    // Nor can a dialog made without any host.
-    CDlgColor* orphan = new CDlgColor();
-    ASSERT_TRUE(orphan->Create());
-    {
-        SystemDialogWatcher watcher;
-        Click(orphan->hwnd(), 1000);
-        ASSERT_EQ(watcher.seen().size(), 1u);
-        EXPECT_EQ(watcher.seen()[0].text, L"送信相手がいない。");
-    }
-    delete orphan;
-    EXPECT_TRUE(RemoteControls().empty());
     RemoveSettings();
 }
 
