@@ -1,7 +1,9 @@
 #include "WinTestSupport.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstdio>
+#include <thread>
 
 namespace {
 
@@ -47,15 +49,14 @@ bool IsSystemDialog(HWND hwnd) {
 }  // namespace
 
 TestHost::TestHost(UINT message) : message_(message) {
-    static bool registered = false;
-    if (!registered) {
+    static const ATOM registered = [] {
         WNDCLASSW wc = {};
         wc.lpfnWndProc = Proc;
         wc.hInstance = GetModuleHandleW(nullptr);
         wc.lpszClassName = kHostClass;
-        RegisterClassW(&wc);
-        registered = true;
-    }
+        return RegisterClassW(&wc);
+    }();
+    (void)registered;
     layout_.m_hWnd = CreateWindowW(kHostClass, L"test host", WS_OVERLAPPEDWINDOW, 600, 100, 200,
                                    100, nullptr, nullptr, GetModuleHandleW(nullptr), this);
 }
@@ -239,40 +240,25 @@ void CALLBACK PopupMenuPicker::OnTimer(HWND, UINT, UINT_PTR, DWORD) {
     PostMessageW(menuWindow, WM_KEYDOWN, g_picker->position_ < 0 ? VK_ESCAPE : VK_RETURN, 0);
 }
 
-namespace {
-
-struct KeyPresses {
-    std::vector<WORD> keys;
-    volatile LONG done = 0;
-};
-
-DWORD WINAPI PressKeys(void* param) {
-    auto* presses = static_cast<KeyPresses*>(param);
-    for (WORD key : presses->keys) {
-        INPUT input[2] = {};
-        input[0].type = input[1].type = INPUT_KEYBOARD;
-        input[0].ki.wVk = input[1].ki.wVk = key;
-        input[1].ki.dwFlags = KEYEVENTF_KEYUP;
-        SendInput(2, input, sizeof(INPUT));
-        Sleep(60);
-    }
-    Sleep(100);
-    InterlockedExchange(&presses->done, 1);
-    return 0;
-}
-
-}  // namespace
-
 void TypeKeys(HWND focus, const std::vector<WORD>& keys) {
     SetForegroundWindow(GetAncestor(focus, GA_ROOT));
     PumpMessages();
     SetFocus(focus);
-    KeyPresses presses;
-    presses.keys = keys;
-    HANDLE thread = CreateThread(nullptr, 0, PressKeys, &presses, 0, nullptr);
-    PumpUntil([&] { return presses.done != 0; }, 10000);
-    WaitForSingleObject(thread, INFINITE);
-    CloseHandle(thread);
+    std::atomic<bool> done{false};
+    std::thread sender([&] {
+        for (WORD key : keys) {
+            INPUT input[2] = {};
+            input[0].type = input[1].type = INPUT_KEYBOARD;
+            input[0].ki.wVk = input[1].ki.wVk = key;
+            input[1].ki.dwFlags = KEYEVENTF_KEYUP;
+            SendInput(2, input, sizeof(INPUT));
+            Sleep(60);
+        }
+        Sleep(100);
+        done = true;
+    });
+    PumpUntil([&] { return done.load(); }, 10000);
+    sender.join();
     PumpMessages();
 }
 
@@ -281,11 +267,7 @@ bool PutPictureOnClipboard(int w, int h, const std::function<COLORREF(int x, int
     HGLOBAL block =
         GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, sizeof(BITMAPINFOHEADER) + stride * h);
     auto* header = static_cast<BITMAPINFOHEADER*>(GlobalLock(block));
-    header->biSize = sizeof *header;
-    header->biWidth = w;
-    header->biHeight = h;
-    header->biPlanes = 1;
-    header->biBitCount = 24;
+    *header = {sizeof *header, w, h, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
     auto* rows = reinterpret_cast<unsigned char*>(header + 1);
     for (int y = 0; y < h; ++y) {
         for (int x = 0; x < w; ++x) {
