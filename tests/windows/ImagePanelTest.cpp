@@ -38,32 +38,25 @@ std::string Ascii(const std::wstring& text) {
 
 // A folder in the temp directory, removed with the files put in it. The
 // long-path prefix lets paths near MAX_PATH be made.
-class Folder {
-  public:
-    explicit Folder(const std::wstring& name) : path_(TempRoot() + name) {
-        CreateDirectoryW((L"\\\\?\\" + path_).c_str(), nullptr);
-    }
+struct Folder {
+    explicit Folder(const std::wstring& name) : path(TempRoot() + name) { Add(L"", {}); }
     ~Folder() {
-        for (const std::wstring& file : files_) {
+        for (const std::wstring& file : files) {
             if (!DeleteFileW(file.c_str())) RemoveDirectoryW(file.c_str());
         }
-        RemoveDirectoryW((L"\\\\?\\" + path_).c_str());
     }
     // A file with `bytes`, or a folder for none.
     void Add(const std::wstring& name, const std::vector<std::uint8_t>& bytes) {
-        files_.insert(files_.begin(), L"\\\\?\\" + path_ + L"\\" + name);
+        files.insert(files.begin(), L"\\\\?\\" + path + (name.empty() ? L"" : L"\\" + name));
         if (bytes.empty()) {
-            CreateDirectoryW(files_.front().c_str(), nullptr);
-        } else if (FILE* file = _wfopen(files_.front().c_str(), L"wb")) {
+            CreateDirectoryW(files.front().c_str(), nullptr);
+        } else if (FILE* file = _wfopen(files.front().c_str(), L"wb")) {
             fwrite(bytes.data(), 1, bytes.size(), file);
             fclose(file);
         }
     }
-    const std::wstring& path() const { return path_; }
-
-  private:
-    std::wstring path_;
-    std::vector<std::wstring> files_;
+    std::wstring path;
+    std::vector<std::wstring> files;
 };
 
 // Runs the chooser: `inspect` sees it once it shows and returns the input
@@ -151,7 +144,7 @@ TEST_F(ImagePanelTest, ListsTheBmpFilesWithTheirNamesAndThumbnails) {
     for (const wchar_t* other : {L"c.Bmp", L"notes.txt", L"a.bmp.txt"})
         folder.Add(other, Picture(2, 2, RGB(0, 0, 255)));
     folder.Add(L"folder.bmp", {});
-    PXImagePanel_SetDirectory(Ascii(folder.path()).c_str());
+    PXImagePanel_SetDirectory(Ascii(folder.path).c_str());
     std::vector<std::wstring> names;
     COLORREF centre = 0, band = 0, broken = 0;
     EXPECT_EQ(RunChooser([&](HWND chooser) {
@@ -179,8 +172,8 @@ TEST_F(ImagePanelTest, KeyboardAndMouseChooseAPicture) {
     Folder folder(L"vell_choice");
     for (const wchar_t* name : {L"a.bmp", L"b.bmp", L"c.bmp"})
         folder.Add(name, Picture(8, 8, RGB(0, 128, 255)));
-    PXImagePanel_SetDirectory(Ascii(folder.path()).c_str());
-    const std::string base = Ascii(folder.path()) + "\\";
+    PXImagePanel_SetDirectory(Ascii(folder.path).c_str());
+    const std::string base = Ascii(folder.path) + "\\";
     const auto middleOfItem = [](HWND c) {
         RECT r = {};
         ListView_GetItemRect(GetDlgItem(c, IDC_PICTURE_LIST), 2, &r, LVIR_ICON);
@@ -220,7 +213,7 @@ TEST_F(ImagePanelTest, MissingOrEmptyFolderSaysSoAndOffersNothingToConfirm) {
     empty.Add(L"notes.txt", Picture(2, 2, RGB(0, 0, 0)));
     const std::wstring missing = TempRoot() + L"vell_missing_folder";
     const std::pair<std::wstring, std::wstring> cases[] = {
-        {missing, L"フォルダがありません: " + missing}, {empty.path(), L"画像がありません"}};
+        {missing, L"フォルダがありません: " + missing}, {empty.path, L"画像がありません"}};
     for (const auto& c : cases) {
         PXImagePanel_SetDirectory(Ascii(c.first).c_str());
         EXPECT_EQ(RunChooser([&](HWND chooser) {
