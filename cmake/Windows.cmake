@@ -21,6 +21,7 @@ add_library(vellwin OBJECT
   src/framework/ShowErrorMessage.cpp
   src/panels/CDlgColorSet.cpp
   src/panels/CDlgColorSlider.cpp
+  src/panels/CDlgDensityPattern.cpp
   src/panels/CDlgGradation.cpp
   src/panels/CDlgImageSource.cpp
   src/panels/CDlgMapping.cpp
@@ -115,6 +116,7 @@ vell_dll_test(win_layout_tests tests/windows/LayoutTest.cpp)
 vell_dll_test(win_color_set_tests tests/windows/ColorSetPanelTest.cpp)
 vell_dll_test(win_geometric_panel_tests tests/windows/GeometricPanelsTest.cpp)
 vell_dll_test(win_stripe_panel_tests tests/windows/StripePanelTest.cpp)
+vell_dll_test(win_isoline_panel_tests tests/windows/IsolinePanelTest.cpp)
 vell_dll_test(win_mapping_panel_tests tests/windows/MappingPanelTest.cpp
               tests/native/BmpWriter.cpp)
 target_include_directories(win_mapping_panel_tests PRIVATE tests/native)

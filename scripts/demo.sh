@@ -3,7 +3,9 @@
 # demo host. Without a display it runs under a virtual one, saves a
 # screenshot of the screen and prints its path. VELL_SHOW=tile (or another
 # effect's notification name) opens that effect and presses update once;
-# VELL_SHOW=picture_list opens the picture list of the image mapping effect.
+# VELL_SHOW=picture_list opens the picture list of the image mapping effect;
+# VELL_SHOW=picture_pattern picks an image-based isoline pattern with a
+# picture put on the clipboard.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 ensure_tools

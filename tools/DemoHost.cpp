@@ -86,7 +86,20 @@ void ShowParameters(const std::string& name) {
     } else if (name == "density_pattern") {
         KTEffectDensityPattern pattern;
         PXColor_GetDensityPattern(pattern);
-        AddLine(ColorList(pattern.colorCount, pattern.colors));
+        const KTEffectDensityPattern& p = pattern;
+        AddFields(L"    type %d  reference points %d  isoline width %.4g  radial lines %d",
+                  p.patternType, p.referencePoints, p.isolineWidth, p.radialLines);
+        AddFields(L"    swirl %.4g  roughness %.4g  remove jaggies %d  swap colors %d", p.swirl,
+                  p.roughness, p.removeJaggies, p.invertColors);
+        AddFields(L"    border color%ls  border width %.4g  blur direction %d",
+                  Hex(p.borderColor.ToRGB()).c_str(), p.borderWidth, p.blurDirection);
+        if (p.image != nullptr) {
+            AddFields(L"    picture %d x %d  image size %.4g", p.image->GetWidth(),
+                      p.image->GetHeight(), p.imageSize);
+        } else {
+            AddFields(L"    no picture  image size %.4g", p.imageSize);
+        }
+        AddLine(ColorList(p.colorCount, p.colors));
     } else if (name == "image_mapping") {
         KTMapping m;
         float stretchX = 1.0f, stretchY = 1.0f;
@@ -205,9 +218,50 @@ std::wstring OptionValue(const wchar_t* option) {
     return value;
 }
 
+// Puts a 24-bit picture on the clipboard, as a drawing program's copy would.
+void CopySamplePicture(HWND owner) {
+    const int w = 120, h = 80, stride = (w * 3 + 3) / 4 * 4;
+    HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, sizeof(BITMAPINFOHEADER) + stride * h);
+    if (block == nullptr) return;
+    auto* header = static_cast<BITMAPINFOHEADER*>(GlobalLock(block));
+    *header = BITMAPINFOHEADER();
+    header->biSize = sizeof(BITMAPINFOHEADER);
+    header->biWidth = w;
+    header->biHeight = h;
+    header->biPlanes = 1;
+    header->biBitCount = 24;
+    auto* pixels = reinterpret_cast<unsigned char*>(header + 1);
+    for (int y = 0; y < h; ++y) {
+        for (int x = 0; x < w; ++x) {
+            unsigned char* p = pixels + y * stride + x * 3;
+            p[0] = static_cast<unsigned char>(255 - x * 2);
+            p[1] = static_cast<unsigned char>(y * 3);
+            p[2] = static_cast<unsigned char>(x * 2);
+        }
+    }
+    GlobalUnlock(block);
+    if (OpenClipboard(owner)) {
+        EmptyClipboard();
+        if (SetClipboardData(CF_DIB, block) != nullptr) block = nullptr;
+        CloseClipboard();
+    }
+    if (block != nullptr) GlobalFree(block);
+}
+
+// The remote control's panel inside `frame` that holds control `id`.
+HWND PanelHolding(HWND remote, int frame, int id) {
+    for (HWND panel = GetWindow(GetDlgItem(remote, frame), GW_CHILD); panel != nullptr;
+         panel = GetWindow(panel, GW_HWNDNEXT)) {
+        if (GetDlgItem(panel, id) != nullptr) return panel;
+    }
+    return nullptr;
+}
+
 // "--show EFFECT" picks that effect in the remote control and presses its
 // update button once, so a screenshot shows the panel and what the host
-// read back; "--show picture_list" opens the picture list instead.
+// read back. "--show picture_list" opens the picture list instead, and
+// "--show picture_pattern" picks the image-tile pattern with a picture
+// taken from the clipboard.
 void ShowEffect(const std::wstring& effect) {
     const struct {
         const wchar_t* name;
@@ -221,11 +275,21 @@ void ShowEffect(const std::wstring& effect) {
     if (remote != nullptr && effect == L"picture_list") {
         // Image mapping, then the picture list's button, once our loop runs.
         SendDlgItemMessageW(remote, 1007, BM_CLICK, 0, 0);
-        for (HWND panel = GetWindow(GetDlgItem(remote, 1027), GW_CHILD); panel != nullptr;
-             panel = GetWindow(panel, GW_HWNDNEXT)) {
-            if (GetDlgItem(panel, 1040) != nullptr)
-                PostMessageW(GetDlgItem(panel, 1001), BM_CLICK, 0, 0);
+        if (HWND source = PanelHolding(remote, 1027, 1040))
+            PostMessageW(GetDlgItem(source, 1001), BM_CLICK, 0, 0);
+        return;
+    }
+    if (remote != nullptr && effect == L"picture_pattern") {
+        SendDlgItemMessageW(remote, 1009, BM_CLICK, 0, 0);
+        if (HWND pattern = PanelHolding(remote, 1002, 1088)) {
+            SendDlgItemMessageW(pattern, 1088, LB_SETCURSEL, 9, 0);
+            SendMessageW(pattern, WM_COMMAND, MAKEWPARAM(1088, LBN_SELCHANGE),
+                         reinterpret_cast<LPARAM>(GetDlgItem(pattern, 1088)));
         }
+        CopySamplePicture(remote);
+        if (HWND source = PanelHolding(remote, 1027, 1040))
+            SendDlgItemMessageW(source, 1002, BM_CLICK, 0, 0);
+        SendDlgItemMessageW(remote, 1000, BM_CLICK, 0, 0);
         return;
     }
     for (const auto& e : effects) {

@@ -13,12 +13,14 @@
 #include "framework/PrivateMessages.h"
 #include "framework/SystemDialogs.h"
 #include "panels/CDlgColorSet.h"
+#include "panels/CDlgDensityPattern.h"
 #include "panels/CDlgGradation.h"
 #include "panels/CDlgImageSource.h"
 #include "panels/CDlgMapping.h"
 #include "panels/CDlgStripe.h"
 #include "panels/CDlgTile.h"
 #include "panels/Panels.h"
+#include "panels/PatternChoices.h"
 #include "params/ColorSetText.h"
 #include "vellcolor/KTEffectDensityPattern.h"
 #include "vellcolor/KTEffectGradation.h"
@@ -155,7 +157,7 @@ void CDlgColor::ChangeSubDlg(int nPanelTemplateId) {
             break;
         case IDD_ISOLINE_PATTERN:
             caption = L"等値線模様";
-            minColors = 1;
+            minColors = IsImagePattern(DensityPatternPanel().GetPatternType()) ? 0 : 1;
             break;
         case IDD_MAPPING:
             caption = L"画像貼り付け";
@@ -198,8 +200,13 @@ void CDlgColor::GetEffect(KTEffectStripe& stripe) {
     CopyPanelColors(stripe);
 }
 
+// The image-based patterns also take the picture, when there is one; the
+// others never touch the object's picture.
 void CDlgColor::GetEffect(KTEffectDensityPattern& pattern) {
+    DensityPatternPanel().CollectParameters(pattern);
     CopyPanelColors(pattern);
+    if (!IsImagePattern(pattern.GetPatternType())) return;
+    if (const BitmapImage* picture = ImageSourcePanel().GetImage()) pattern.SetImage(*picture);
 }
 
 void CDlgColor::GetMapping(KTMapping& mapping, float& stretchX, float& stretchY) {

@@ -1,6 +1,7 @@
 #include "Panels.h"
 
 #include "CDlgColorSet.h"
+#include "CDlgDensityPattern.h"
 #include "CDlgGradation.h"
 #include "CDlgImageSource.h"
 #include "CDlgMapping.h"
@@ -13,6 +14,7 @@ CDlgColorSet g_dlgColorSet;
 CDlgGradation g_dlgGradation;
 CDlgTile g_dlgTile;
 CDlgStripe g_dlgStripe;
+CDlgDensityPattern g_dlgDensityPattern;
 CDlgMapping g_dlgMapping;
 CDlgImageSource g_dlgImageSource;
 }  // namespace
@@ -33,6 +35,10 @@ CDlgStripe& StripePanel() {
     return g_dlgStripe;
 }
 
+CDlgDensityPattern& DensityPatternPanel() {
+    return g_dlgDensityPattern;
+}
+
 CDlgMapping& MappingPanel() {
     return g_dlgMapping;
 }
@@ -47,8 +53,9 @@ Dialog* PanelByTemplate(int templateId) {
         case IDD_GRADATION: return &g_dlgGradation;
         case IDD_TILE: return &g_dlgTile;
         case IDD_STRIPE: return &g_dlgStripe;
+        case IDD_ISOLINE_PATTERN: return &g_dlgDensityPattern;
         case IDD_MAPPING: return &g_dlgMapping;
         case IDD_IMAGE_SOURCE: return &g_dlgImageSource;
-        default: return nullptr;  // the other panels are not built yet
+        default: return nullptr;
     }
 }

@@ -7,16 +7,17 @@ class CDlgColorSet;
 class CDlgGradation;
 class CDlgTile;
 class CDlgStripe;
+class CDlgDensityPattern;
 class CDlgMapping;
 class CDlgImageSource;
 
-// The panel of a template, or null for a template that has no panel in
-// this build.
+// The panel of a template, or null for an id that is not a panel's.
 Dialog* PanelByTemplate(int templateId);
 
 CDlgColorSet& ColorSetPanel();
 CDlgGradation& GradationPanel();
 CDlgTile& TilePanel();
 CDlgStripe& StripePanel();
+CDlgDensityPattern& DensityPatternPanel();
 CDlgMapping& MappingPanel();
 CDlgImageSource& ImageSourcePanel();
