@@ -75,10 +75,6 @@ TEST(ParametersTest, EachObjectTakesItsOwnColorCounts) {
     // checker is told to expect it.
     KTEffectDensityPattern p;
     EXPECT_TRUE(p.colorCount == 2 && p.colors == nullptr);  // announced, none held
-    // The remote control sets only its colors, so hosts render with these.
-    EXPECT_EQ((std::vector<float>{float(p.patternType), p.borderWidth, p.isolineWidth,
-                                  float(p.radialLines), p.imageSize}),
-              (std::vector<float>{2, 0.25f, 12, 30, 50}));
     ASSERT_EQ(p.SetColors(3, kThree), kOk);
     EXPECT_EQ(p.SetColors(0, kThree), kErrorInvalidParameter);
     ColorF floats[3];
