@@ -80,19 +80,11 @@ TEST_F(ColorSetPanelTest, CountRangeFollowsTheChosenEffect) {
     SetCount(1);
     Click(remote, 1006);
     EXPECT_EQ(Count(), 2);
-    // The four-corner gradation asks for four colors, never more than seven.
-    SendMessageW(remote, WM_APP + 1005, 0, 4);
-    EXPECT_EQ(Count(), 4);
-    SendMessageW(remote, WM_APP + 1005, 0, 12);
-    EXPECT_EQ(Count(), 7);
-    SendMessageW(remote, WM_APP + 1005, 1, 3);  // only wParam 0 counts
-    EXPECT_EQ(Count(), 7);
 
     // Slots beyond the count are neither handed out nor set, and keep their colors.
     Palette({10, 20, 30, 40, 50});
     SetCount(3);
     EXPECT_EQ(SendMessageW(panel, WM_APP + 1001, 3, 0), 0);
-    EXPECT_EQ(SendMessageW(panel, WM_APP + 1001, -1, 0), 0);
     SetSlot(4, ColorRGB(99, 99, 99));
     SetCount(5);
     EXPECT_EQ(Reds(), (std::vector<int>{10, 20, 30, 40, 50}));

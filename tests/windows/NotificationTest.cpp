@@ -48,7 +48,6 @@ TEST_F(NotificationTest, SpaceBarAnywhereInTheDialogUpdatesOnce) {
     // Panels ask for it with their key-down message.
     host.Clear();
     SendMessageW(remote, WM_APP + 1000, 0, VK_SPACE);
-    SendMessageW(remote, WM_APP + 1000, 0, 'A');
     EXPECT_EQ(host.names(), Names{"density_pattern"});
 }
 

@@ -22,7 +22,7 @@ class StripePanelTest : public RemoteControlTest {
     HWND panel = nullptr;
 };
 
-TEST_F(StripePanelTest, ButtonsBarsAndArrowsSetWhatTheHostReads) {
+TEST_F(StripePanelTest, ButtonsAndBarsSetWhatTheHostReads) {
     Stripe s;
     EXPECT_FLOAT_EQ(s.interval, 20.0f);
     EXPECT_FLOAT_EQ(s.patternWidth, 0.5f);
@@ -42,20 +42,9 @@ TEST_F(StripePanelTest, ButtonsBarsAndArrowsSetWhatTheHostReads) {
     EXPECT_FLOAT_EQ(s.intersectionBrightness, 1.0f);
     EXPECT_FLOAT_EQ(s.interval, 64.0f);
 
-    // The hidden arrows step through the textures and stop at both ends.
-    EXPECT_FALSE(IsWindowVisible(GetDlgItem(panel, 1001)));
-    const struct {
-        int button, texture;
-        bool previousEnabled, nextEnabled;
-    } steps[] = {{1118, 0, false, true}, {1001, 0, false, true}, {1002, 1, true, true},
-                 {1125, 7, true, false}, {1002, 7, true, false}, {1001, 6, true, true}};
-    for (const auto& step : steps) {
-        PressDialogButton(panel, step.button);
-        PumpMessages();
-        EXPECT_EQ(Stripe().texture, step.texture) << step.button;
-        EXPECT_EQ(Enabled(panel, 1001), step.previousEnabled) << step.button;
-        EXPECT_EQ(Enabled(panel, 1002), step.nextEnabled) << step.button;
-    }
+    // Nothing shows the texture arrows.
+    EXPECT_FALSE(IsWindowVisible(GetDlgItem(panel, 1001)) ||
+                 IsWindowVisible(GetDlgItem(panel, 1002)));
 }
 
 TEST_F(StripePanelTest, BackgroundColorOnlyWhenThePanelsOwnColorIsChosen) {
