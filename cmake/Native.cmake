@@ -15,7 +15,7 @@ add_executable(vell_make_samples ${CMAKE_SOURCE_DIR}/tests/fuzz/MakeSamples.cpp
 target_include_directories(vell_make_samples PRIVATE ${CMAKE_SOURCE_DIR}/tests/native)
 
 if(VELL_FUZZ)
-  foreach(target dib_reader path_splitter)
+  foreach(target dib_reader path_splitter color_set_text)
     add_executable(fuzz_${target} ${CMAKE_SOURCE_DIR}/tests/fuzz/fuzz_${target}.cpp)
     target_link_libraries(fuzz_${target} PRIVATE vellcore)
     target_compile_options(fuzz_${target} PRIVATE -fsanitize=fuzzer)

@@ -121,6 +121,14 @@ vell_dll_test(win_mapping_panel_tests tests/windows/MappingPanelTest.cpp
               tests/native/BmpWriter.cpp)
 target_include_directories(win_mapping_panel_tests PRIVATE tests/native)
 
+# A host that loads and unloads the library at run time, so it imports
+# nothing from it.
+add_executable(win_unload_tests tests/windows/UnloadTest.cpp)
+target_link_libraries(win_unload_tests PRIVATE vell_wintest_support gtest_main)
+target_link_options(win_unload_tests PRIVATE -static)
+add_dependencies(win_unload_tests VellColor)
+add_test(NAME win_unload_tests COMMAND win_unload_tests)
+
 # Programs that link the Win32 layer itself, for what the DLL does not export.
 add_executable(win_internal_tests tests/windows/ErrorMessageTest.cpp
                                   tests/windows/BitmapDrawTest.cpp tests/windows/ClipboardTest.cpp
@@ -137,5 +145,6 @@ add_test(NAME win_internal_tests COMMAND win_internal_tests)
 set_tests_properties(win_module_tests win_notification_tests win_settings_tests
                      win_layout_tests win_internal_tests win_color_set_tests
                      win_geometric_panel_tests win_stripe_panel_tests win_mapping_panel_tests
-                     PROPERTIES RUN_SERIAL TRUE TIMEOUT 600)
+                     win_isoline_panel_tests win_unload_tests PROPERTIES RUN_SERIAL TRUE
+                     TIMEOUT 600)
 include(cmake/ImagePanel.cmake)

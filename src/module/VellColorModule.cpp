@@ -22,10 +22,27 @@ void Guarded(Body body) {
     }
 }
 
+// FreeLibrary while the remote control is open: close it as PXColor_Close
+// would, settings saved, so that no window, hook or timer is left to call
+// into the unmapped module. Only the dialog's own thread, the one the
+// exported functions are for, can destroy it; from any other thread this
+// leaves it alone, since destroying it would wait on that thread under the
+// loader lock.
+void CloseBeforeUnload() {
+    if (g_pDlgColor == NULL) return;
+    HWND hwnd = g_pDlgColor->hwnd();
+    if (hwnd != nullptr && GetWindowThreadProcessId(hwnd, nullptr) != GetCurrentThreadId()) return;
+    PXColor_Close();
+}
+
 }  // namespace
 
-BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
+BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID reserved) {
     if (reason == DLL_PROCESS_ATTACH) SetModuleInstance(instance);
+    // When the process ends (reserved is set) the system takes the windows
+    // and the hook with it; other threads are gone and other modules may be
+    // too, so nothing is touched, and nothing is saved.
+    if (reason == DLL_PROCESS_DETACH && reserved == NULL) CloseBeforeUnload();
     return TRUE;
 }
 

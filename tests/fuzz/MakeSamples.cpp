@@ -1,6 +1,7 @@
 // Writes the fuzzers' seed corpora: packed DIBs of every accepted depth and
-// a few refused ones, as files and clipboard blocks hold them, and paths
-// with the splitter's odd cases.
+// a few refused ones, as files and clipboard blocks hold them, paths with
+// the splitter's odd cases, and color set values as the settings file holds
+// them, well formed and not.
 #include <sys/stat.h>
 
 #include <cstdint>
@@ -9,10 +10,23 @@
 
 #include "BmpWriter.h"
 
+namespace {
+
+void WriteTexts(const std::string& dir, const std::string& prefix,
+                const std::vector<std::string>& texts) {
+    mkdir(dir.c_str(), 0755);
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        WriteFile(dir + "/" + prefix + std::to_string(i),
+                  std::vector<std::uint8_t>(texts[i].begin(), texts[i].end()));
+    }
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
     if (argc < 2) return 2;
-    const std::string root = argv[1], dibs = root + "/dib_reader", paths = root + "/path_splitter";
-    for (const std::string& dir : {root, dibs, paths}) mkdir(dir.c_str(), 0755);
+    const std::string root = argv[1], dibs = root + "/dib_reader";
+    for (const std::string& dir : {root, dibs}) mkdir(dir.c_str(), 0755);
 
     const struct {
         const char* name;
@@ -55,19 +69,13 @@ int main(int argc, char** argv) {
     WriteFile(dibs + "/block-claims-more",
               std::vector<std::uint8_t>(file.begin() + 14, file.begin() + 59));
 
-    const std::string samples[] = {"C:/pics/sky.bmp",
-                                   "C:\\pics\\sky.BMP",
-                                   "sky",
-                                   "C:/pics/",
-                                   "C:/pics/.bmp",
-                                   "name.",
-                                   "C:/data.old/image",
-                                   "/sky.bmp",
-                                   "\\\\server\\share\\a.b.c",
-                                   ""};
-    for (std::size_t i = 0; i < sizeof samples / sizeof samples[0]; ++i) {
-        WriteFile(paths + "/path" + std::to_string(i),
-                  std::vector<std::uint8_t>(samples[i].begin(), samples[i].end()));
-    }
+    WriteTexts(root + "/path_splitter", "path",
+               {"C:/pics/sky.bmp", "C:\\pics\\sky.BMP", "sky", "C:/pics/", "C:/pics/.bmp", "name.",
+                "C:/data.old/image", "/sky.bmp", "\\\\server\\share\\a.b.c", ""});
+    WriteTexts(root + "/color_set_text", "set",
+               {"3 255 0 0 0 255 0 0 0 255", "1 0 0 0",
+                "9 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20 21 22 23 24 25 26 27",
+                "2 300 -1 256   7 x 99999999999", "4 10 20", "0 1 2 3", "-2 1 1 1", " 7", "",
+                "+3 0x10 1e3 -0 255\t9 8"});
     return 0;
 }

@@ -2,15 +2,26 @@
 // reopening; whatever the file holds, the dialog opens on the screen.
 #include <gtest/gtest.h>
 
+#include <sstream>
+#include <string>
+#include <vector>
+
 #include "WinTestSupport.h"
 
 namespace {
 
 class SettingsTest : public ::testing::Test {
   protected:
-    void SetUp() override { RemoveSettings(); }
+    void SetUp() override { RemoveDamage(); }
     void TearDown() override {
         PXColor_Close();
+        RemoveDamage();
+    }
+
+    // The settings file, read-only or not, or a directory in its place.
+    static void RemoveDamage() {
+        SetFileAttributesW(SettingsPath().c_str(), FILE_ATTRIBUTE_NORMAL);
+        RemoveDirectoryW(SettingsPath().c_str());
         RemoveSettings();
     }
 
@@ -96,16 +107,78 @@ TEST_F(SettingsTest, PositionsOffTheScreenComeBackOntoIt) {
     EXPECT_EQ(r.top, 0);
 }
 
-TEST_F(SettingsTest, MissingOrGarbageFileGivesTheDefaults) {
-    const std::string garbage[] = {
-        "",
-        "this is not a settings file\r\n\x01\x02\xff\xfe",
-        "[Window]\r\nTop=abc\r\nLeft=\r\nDisplay=yes\r\n",
-        std::string(5000, '[') + "\r\n" + std::string(70000, 'x'),
-        "[Window\r\nTop=5\r\n=\r\n[]\r\n",
+// The "ColorSetNNN=..." lines of a settings file, in file order.
+std::vector<std::string> SavedSets(const std::string& content) {
+    std::vector<std::string> sets;
+    std::istringstream lines(content);
+    for (std::string line; std::getline(lines, line);) {
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        if (line.rfind("ColorSet", 0) == 0) sets.push_back(line);
+    }
+    return sets;
+}
+
+std::string Garbage(std::size_t size) {
+    std::string bytes(size, '\0');
+    unsigned int x = 12345;
+    for (char& c : bytes) c = static_cast<char>((x = x * 1103515245u + 12345u) >> 23);
+    return bytes;
+}
+
+// Whatever the file holds, or whatever stands in its place, the dialog opens
+// on the screen, hidden, and closing it writes back every set that could be
+// read, renumbered from 000. Only the first section and the first key of a
+// name count, and only keys 000 to 063.
+TEST_F(SettingsTest, DamagedFilesOpenWithDefaultsAndKeepTheirReadableSets) {
+    enum Damage { kContent, kReadOnly, kDirectory };
+    struct DamagedFile {
+        const char* what;
+        Damage damage;
+        std::string content;
+        std::vector<std::string> kept;
     };
-    for (const std::string& content : garbage) {
-        WriteSettings(content);
+    const std::string table = "\r\n[ColorTable]\r\n";
+    const DamagedFile files[] = {
+        {"empty", kContent, "", {}},
+        {"binary garbage",
+         kContent,
+         Garbage(30000) + table + "ColorSet000=2 1 2 3 4 5 6\r\nColorSet001=1 9 9 9\r\n" +
+             Garbage(30000),
+         {"ColorSet000=2 1 2 3 4 5 6", "ColorSet001=1 9 9 9"}},
+        {"a 10 MB line",
+         kContent,
+         table + "ColorSet000=3 1 1 1 2 2 2 3 3 3 " + std::string(10 << 20, '9') +
+             "\r\nColorSet001=1 5 5 5\r\n",
+         {"ColorSet000=3 1 1 1 2 2 2 3 3 3", "ColorSet001=1 5 5 5"}},
+        {"keys out of order",
+         kContent,
+         "[colortable]\r\nColorSet007=1 7 7 7\r\nColorSet070=1 9 9 9\r\n colorset003 = 1 3 3 3 "
+         "\r\nColorSet000=1 0 0 0\r\n",
+         {"ColorSet000=1 0 0 0", "ColorSet001=1 3 3 3", "ColorSet002=1 7 7 7"}},
+        {"duplicated keys",
+         kContent,
+         table + "ColorSet000=1 1 1 1\r\nColorSet000=1 2 2 2\r\n[Window]\r\nTop=5\r\n" + table +
+             "ColorSet001=1 3 3 3\r\n",
+         {"ColorSet000=1 1 1 1"}},
+        {"bad window values",
+         kContent,
+         "[Window]\r\nTop=abc\r\nLeft=\r\nDisplay=yes\r\n[]\r\n=\r\n",
+         {}},
+        // The save cannot rewrite a read-only file and fails quietly; the file
+        // keeps its sets. (Wine run as root writes it anyway, with the same sets.)
+        // A directory in the file's place is neither read nor replaced.
+        {"read-only file", kReadOnly, table + "ColorSet000=1 4 4 4\r\n", {"ColorSet000=1 4 4 4"}},
+        {"a directory", kDirectory, "", {}},
+    };
+    for (const DamagedFile& file : files) {
+        SCOPED_TRACE(file.what);
+        if (file.damage == kDirectory) {
+            CreateDirectoryW(SettingsPath().c_str(), nullptr);
+        } else {
+            WriteSettings(file.content);
+            if (file.damage == kReadOnly)
+                SetFileAttributesW(SettingsPath().c_str(), FILE_ATTRIBUTE_READONLY);
+        }
         HWND dialog = Open();
         ASSERT_NE(dialog, nullptr);
         EXPECT_FALSE(IsWindowVisible(dialog));
@@ -114,6 +187,13 @@ TEST_F(SettingsTest, MissingOrGarbageFileGivesTheDefaults) {
         EXPECT_GE(r.top, 0);
         EXPECT_LE(r.right, GetSystemMetrics(SM_CXSCREEN));
         PXColor_Close();
+
+        if (file.damage == kDirectory) {
+            EXPECT_NE(GetFileAttributesW(SettingsPath().c_str()) & FILE_ATTRIBUTE_DIRECTORY, 0u);
+        } else {
+            EXPECT_EQ(SavedSets(ReadSettings()), file.kept);
+        }
+        RemoveDamage();
     }
 }
 

@@ -1,0 +1,54 @@
+// libFuzzer target: the text of a registered color set, as the settings
+// file holds it. Whatever the value, parsing either refuses it and leaves
+// the working record alone, or yields a set that formats to a value the
+// reader takes back whole and unchanged.
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+#include "params/ColorSetText.h"
+
+namespace {
+
+// The settings reader takes at most this many bytes of a value.
+const std::size_t kReadLimit = 511;
+
+bool SameSlotsFrom(int first, const ColorSetRecord& a, const ColorSetRecord& b) {
+    for (int i = first; i < ColorSetRecord::kMaxColors; ++i) {
+        if (a.colors[i] != b.colors[i]) return false;
+    }
+    return true;
+}
+
+void RoundTrip(const ColorSetRecord& set) {
+    const std::string text = FormatColorSet(set);
+    if (text.size() > kReadLimit) std::abort();
+    ColorSetRecord back;
+    if (!ParseColorSet(text, &back) || !(back == set) || FormatColorSet(back) != text)
+        std::abort();
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    // The working record carries earlier sets' colors into a short value;
+    // start it from the input's first bytes.
+    ColorSetRecord working;
+    if (size > 0)
+        std::memcpy(working.colors, data, std::min(size, sizeof working.colors));
+    working.count = 5;
+    const ColorSetRecord before = working;
+
+    if (!ParseColorSet(std::string(reinterpret_cast<const char*>(data), size), &working)) {
+        if (working.count != before.count || !SameSlotsFrom(0, working, before)) std::abort();
+        return 0;
+    }
+    if (working.count < 1 || working.count > ColorSetRecord::kMaxColors) std::abort();
+    // Slots beyond the count are carried, never written.
+    if (!SameSlotsFrom(working.count, working, before)) std::abort();
+    RoundTrip(working);
+    return 0;
+}
