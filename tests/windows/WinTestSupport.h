@@ -26,6 +26,7 @@ class TestHost {
     TestHost& operator=(const TestHost&) = delete;
 
     CWnd* window() { return AsHostWindow(&layout_); }
+    HWND hwnd() const { return layout_.m_hWnd; }
     const std::vector<Notification>& received() const { return received_; }
     std::vector<std::string> names() const;
     void Clear() { received_.clear(); }
