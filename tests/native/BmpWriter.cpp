@@ -54,7 +54,7 @@ std::vector<std::uint8_t> DibBlockOf(const std::vector<std::uint8_t>& file) {
 
 void WriteFile(const std::string& path, const std::vector<std::uint8_t>& bytes) {
     if (std::FILE* f = std::fopen(path.c_str(), "wb")) {
-        std::fwrite(bytes.data(), 1, bytes.size(), f);
+        if (!bytes.empty()) std::fwrite(bytes.data(), 1, bytes.size(), f);
         std::fclose(f);
     }
 }
