@@ -132,9 +132,7 @@ add_test(NAME win_unload_tests COMMAND win_unload_tests)
 
 # Programs that link the Win32 layer itself, for what the DLL does not export.
 add_executable(win_internal_tests tests/windows/ErrorMessageTest.cpp
-                                  tests/windows/GradationDisplayTest.cpp
                                   tests/windows/BitmapDrawTest.cpp tests/windows/ClipboardTest.cpp
-                                  tests/windows/ColorSetCurrentSlotTest.cpp
                                   tests/windows/SettingsSectionTest.cpp resources/VellColor.rc)
 set_source_files_properties(resources/VellColor.rc PROPERTIES
   COMPILE_FLAGS "-I${CMAKE_SOURCE_DIR}/resources -c 65001")

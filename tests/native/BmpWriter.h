@@ -11,12 +11,13 @@ struct BmpLayout {
     int height = 1;  // negative: top-down
     int bitCount = 24;
     std::uint32_t compression = 0;       // 0 plain, 3 bit fields, 1 RLE8...
-    std::uint32_t headerSize = 40;       // 12 writes a core header
+    std::uint32_t headerSize = 40;       // the size field; other fields are always an info header's
     std::vector<std::uint32_t> masks;    // written after the header when not empty
     std::vector<std::uint32_t> palette;  // 0x00RRGGBB entries
     std::uint32_t colorsUsed = 0;        // biClrUsed
     std::uint32_t sizeImage = 0;         // biSizeImage
-    // The byte at (x, row, byte index within the pixel's bytes); rows in file order.
+    // The byte at (x, row, byte index within the pixel's bytes); rows in file
+    // order. Pixels of fewer than 8 bits stay zero.
     std::function<std::uint8_t(int x, int row, int byte)> pixel;
 };
 

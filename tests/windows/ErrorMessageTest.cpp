@@ -6,17 +6,9 @@
 
 namespace {
 
-class ErrorMessageTest : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        owner = CreateWindowW(L"STATIC", L"owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 100, 100,
-                              nullptr, nullptr, nullptr, nullptr);
-    }
-    void TearDown() override { DestroyWindow(owner); }
-    HWND owner = nullptr;
-};
-
-TEST_F(ErrorMessageTest, EachCodeShowsItsMessageInAnOkBoxOwnedByTheWindow) {
+TEST(ErrorMessageTest, EachCodeShowsItsMessageInAnOkBoxOwnedByTheWindow) {
+    HWND owner = CreateWindowW(L"STATIC", L"owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 100,
+                               100, nullptr, nullptr, nullptr, nullptr);
     const wchar_t* expected[] = {
         L"何らかのｴﾗｰが起りました。",
         L"ﾒﾓﾘｰ不足です。",
@@ -38,14 +30,13 @@ TEST_F(ErrorMessageTest, EachCodeShowsItsMessageInAnOkBoxOwnedByTheWindow) {
         EXPECT_EQ(watcher.seen()[0].owner, owner);
         EXPECT_EQ(watcher.seen()[0].caption, L"win_internal_tests");
     }
-}
-
-TEST_F(ErrorMessageTest, UnknownCodesSuccessAndANullOwnerShowNothing) {
+    // Unknown codes, success and a null owner show nothing.
     SystemDialogWatcher watcher;
     for (int code : {0, -12, 3, 1, -1000}) ShowErrorMessage(owner, code);
     for (int code = -11; code <= 0; ++code) ShowErrorMessage(nullptr, code);
     PumpMessages();
     EXPECT_TRUE(watcher.seen().empty());
+    DestroyWindow(owner);
 }
 
 }  // namespace

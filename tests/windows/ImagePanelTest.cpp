@@ -21,9 +21,7 @@ std::vector<std::uint8_t> Picture(int width, int height, COLORREF color) {
     BmpLayout layout;
     layout.width = width;
     layout.height = height;
-    layout.pixel = [color](int, int, int byte) {
-        return byte == 0 ? GetBValue(color) : byte == 1 ? GetGValue(color) : GetRValue(color);
-    };
+    layout.pixel = [color](int, int, int byte) { return color >> (16 - 8 * byte); };
     return MakeBmp(layout);
 }
 
@@ -38,71 +36,38 @@ std::string Ascii(const std::wstring& text) {
     return std::string(text.begin(), text.end());
 }
 
-// A folder in the temp directory, removed with what was put in it. The
+// A folder in the temp directory, removed with the files put in it. The
 // long-path prefix lets paths near MAX_PATH be made.
-class Folder {
-  public:
-    explicit Folder(const std::wstring& name) : path_(TempRoot() + name) { Make(L"", nullptr); }
+struct Folder {
+    explicit Folder(const std::wstring& name) : path(TempRoot() + name) { Add(L"", {}); }
     ~Folder() {
-        for (auto it = made_.rbegin(); it != made_.rend(); ++it) {
-            if (!DeleteFileW(it->c_str())) RemoveDirectoryW(it->c_str());
+        for (const std::wstring& file : files) {
+            if (!DeleteFileW(file.c_str())) RemoveDirectoryW(file.c_str());
         }
     }
-    // A file with `bytes`, or a folder without.
-    void Make(const std::wstring& name, const std::vector<std::uint8_t>* bytes) {
-        made_.push_back(L"\\\\?\\" + path_ + (name.empty() ? L"" : L"\\" + name));
-        if (bytes == nullptr) {
-            CreateDirectoryW(made_.back().c_str(), nullptr);
-        } else if (FILE* file = _wfopen(made_.back().c_str(), L"wb")) {
-            fwrite(bytes->data(), 1, bytes->size(), file);
+    // A file with `bytes`, or a folder for none.
+    void Add(const std::wstring& name, const std::vector<std::uint8_t>& bytes) {
+        files.insert(files.begin(), L"\\\\?\\" + path + (name.empty() ? L"" : L"\\" + name));
+        if (bytes.empty()) {
+            CreateDirectoryW(files.front().c_str(), nullptr);
+        } else if (FILE* file = _wfopen(files.front().c_str(), L"wb")) {
+            fwrite(bytes.data(), 1, bytes.size(), file);
             fclose(file);
         }
     }
-    void Add(const std::wstring& name, const std::vector<std::uint8_t>& bytes) {
-        Make(name, &bytes);
-    }
-    const std::wstring& path() const { return path_; }
-
-  private:
-    std::wstring path_;
-    std::vector<std::wstring> made_;
+    std::wstring path;
+    std::vector<std::wstring> files;
 };
 
-// Inspects the chooser once it shows and returns the input that ends it,
-// which a second thread then sends.
+// Runs the chooser: `inspect` sees it once it shows and returns the input
+// that ends it, which a second thread sends while the modal loop runs.
 using Input = std::function<void()>;
-using Script = std::function<Input(HWND chooser)>;
-
-struct Run {
-    Script script;
-    HWND chooser = nullptr;
-    DWORD shownAt = 0;
+int RunChooser(const std::function<Input(HWND chooser)>& inspect) {
     std::thread sender;
-} * g_run;
-
-// Runs from a timer inside the chooser's modal loop.
-void CALLBACK DriveChooser(HWND, UINT, UINT_PTR, DWORD) {
-    if (g_run->chooser != nullptr) {
-        // Input that does not end the chooser fails the test instead of hanging it.
-        if (GetTickCount() - g_run->shownAt > 15000) PostMessageW(g_run->chooser, WM_CLOSE, 0, 0);
-        return;
-    }
-    HWND active = GetActiveWindow();
-    if (GetDlgItem(active, IDC_PICTURE_LIST) == nullptr || !IsWindowVisible(active)) return;
-    g_run->chooser = active;
-    g_run->shownAt = GetTickCount();
-    g_run->sender = std::thread(g_run->script(active));
-}
-
-int RunChooser(const Script& script) {
-    Run run;
-    run.script = script;
-    g_run = &run;
-    const UINT_PTR timer = SetTimer(nullptr, 0, 50, DriveChooser);
+    SystemDialogWatcher watcher([&](HWND chooser) { sender = std::thread(inspect(chooser)); });
     const int result = PXImagePanel_DoModal();
-    KillTimer(nullptr, timer);
-    if (run.sender.joinable()) run.sender.join();
-    EXPECT_NE(run.chooser, nullptr) << "the chooser never showed";
+    EXPECT_EQ(watcher.seen().size(), 1u) << "the chooser never showed";
+    if (sender.joinable()) sender.join();
     return result;
 }
 
@@ -131,7 +96,8 @@ Input DoubleClick(
     };
 }
 
-std::vector<std::wstring> ItemNames(HWND list) {
+std::vector<std::wstring> ItemNames(HWND chooser) {
+    HWND list = GetDlgItem(chooser, IDC_PICTURE_LIST);
     std::vector<std::wstring> names;
     for (int i = 0; i < ListView_GetItemCount(list); ++i) {
         wchar_t text[MAX_PATH] = {};
@@ -175,24 +141,22 @@ TEST_F(ImagePanelTest, ListsTheBmpFilesWithTheirNamesAndThumbnails) {
     folder.Add(L"a.bmp", Picture(40, 20, RGB(255, 0, 0)));  // wide: bands above and below
     folder.Add(L"B.BMP", Picture(2, 2, RGB(0, 255, 0)));
     folder.Add(L"broken.bmp", {'B', 'M', 1, 2, 3});
-    for (const wchar_t* other : {L"c.Bmp", L"notes.txt", L"a.bmp.txt"}) {
+    for (const wchar_t* other : {L"c.Bmp", L"notes.txt", L"a.bmp.txt"})
         folder.Add(other, Picture(2, 2, RGB(0, 0, 255)));
-    }
-    folder.Make(L"folder.bmp", nullptr);
-    PXImagePanel_SetDirectory(Ascii(folder.path()).c_str());
-
+    folder.Add(L"folder.bmp", {});
+    PXImagePanel_SetDirectory(Ascii(folder.path).c_str());
     std::vector<std::wstring> names;
     COLORREF centre = 0, band = 0, broken = 0;
     EXPECT_EQ(RunChooser([&](HWND chooser) {
+                  names = ItemNames(chooser);
                   HWND list = GetDlgItem(chooser, IDC_PICTURE_LIST);
-                  names = ItemNames(list);
                   EXPECT_EQ(WindowText(GetDlgItem(chooser, IDC_PICTURE_MESSAGE)), L"");
                   centre = ThumbnailPixel(list, 0, 32, 32);
                   band = ThumbnailPixel(list, 0, 32, 4);
                   broken = ThumbnailPixel(list, 2, 32, 32);
-                  EXPECT_TRUE(IsWindowEnabled(GetDlgItem(chooser, IDOK)));
+                  EXPECT_TRUE(Enabled(chooser, IDOK));
                   ListView_SetItemState(list, -1, 0, LVIS_SELECTED);
-                  EXPECT_FALSE(IsWindowEnabled(GetDlgItem(chooser, IDOK)));
+                  EXPECT_FALSE(Enabled(chooser, IDOK));
                   return Keys({VK_ESCAPE});
               }),
               0);
@@ -206,47 +170,40 @@ TEST_F(ImagePanelTest, ListsTheBmpFilesWithTheirNamesAndThumbnails) {
 
 TEST_F(ImagePanelTest, KeyboardAndMouseChooseAPicture) {
     Folder folder(L"vell_choice");
-    for (const wchar_t* name : {L"a.bmp", L"b.bmp", L"c.bmp"}) {
+    for (const wchar_t* name : {L"a.bmp", L"b.bmp", L"c.bmp"})
         folder.Add(name, Picture(8, 8, RGB(0, 128, 255)));
-    }
-    PXImagePanel_SetDirectory(Ascii(folder.path()).c_str());
-    const std::string base = Ascii(folder.path()) + "\\";
+    PXImagePanel_SetDirectory(Ascii(folder.path).c_str());
+    const std::string base = Ascii(folder.path) + "\\";
+    const auto middleOfItem = [](HWND c) {
+        RECT r = {};
+        ListView_GetItemRect(GetDlgItem(c, IDC_PICTURE_LIST), 2, &r, LVIR_ICON);
+        return DoubleClick(c, {(r.left + r.right) / 2, (r.top + r.bottom) / 2});
+    };
+    const auto emptySpace = [](HWND c) {
+        RECT r = {};
+        GetClientRect(GetDlgItem(c, IDC_PICTURE_LIST), &r);
+        return DoubleClick(c, {r.right - 20, r.bottom - 20}, Keys({VK_ESCAPE}));
+    };
     const struct {
-        const char* what;
-        Script script;
+        std::function<Input(HWND)> script;
         int result;
         std::string chosen;
     } cases[] = {
         // In this order: the cancel after a choice must forget that choice.
-        {"Enter", [](HWND) { return Keys({VK_RETURN}); }, 1, base + "a.bmp"},
-        {"Right, Enter",
-         [](HWND) {
+        {[](HWND) { return Keys({VK_RETURN}); }, 1, base + "a.bmp"},
+        {[](HWND) {
              return Keys({VK_RIGHT, VK_RETURN});
          },
          1, base + "b.bmp"},
-        {"Right, Escape",
-         [](HWND) {
+        {[](HWND) {
              return Keys({VK_RIGHT, VK_ESCAPE});
          },
          0, "(none)"},
-        {"double click",
-         [](HWND c) {
-             RECT r = {};
-             ListView_GetItemRect(GetDlgItem(c, IDC_PICTURE_LIST), 2, &r, LVIR_ICON);
-             return DoubleClick(c, {(r.left + r.right) / 2, (r.top + r.bottom) / 2});
-         },
-         1, base + "c.bmp"},
-        {"double click on empty space, Escape",
-         [](HWND c) {
-             RECT r = {};
-             GetClientRect(GetDlgItem(c, IDC_PICTURE_LIST), &r);
-             return DoubleClick(c, {r.right - 20, r.bottom - 20}, Keys({VK_ESCAPE}));
-         },
-         0, "(none)"},
+        {middleOfItem, 1, base + "c.bmp"},
+        {emptySpace, 0, "(none)"},
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
-        EXPECT_EQ(RunChooser(c.script), c.result);
+        EXPECT_EQ(RunChooser(c.script), c.result) << c.chosen;
         EXPECT_EQ(SelectedImage(), c.chosen);
     }
 }
@@ -255,20 +212,14 @@ TEST_F(ImagePanelTest, MissingOrEmptyFolderSaysSoAndOffersNothingToConfirm) {
     Folder empty(L"vell_no_pictures");
     empty.Add(L"notes.txt", Picture(2, 2, RGB(0, 0, 0)));
     const std::wstring missing = TempRoot() + L"vell_missing_folder";
-    const struct {
-        std::wstring folder;
-        std::wstring message;
-    } cases[] = {
-        {missing, L"フォルダがありません: " + missing},
-        {empty.path(), L"画像がありません"},
-    };
+    const std::pair<std::wstring, std::wstring> cases[] = {
+        {missing, L"フォルダがありません: " + missing}, {empty.path, L"画像がありません"}};
     for (const auto& c : cases) {
-        SCOPED_TRACE(Ascii(c.folder));
-        PXImagePanel_SetDirectory(Ascii(c.folder).c_str());
+        PXImagePanel_SetDirectory(Ascii(c.first).c_str());
         EXPECT_EQ(RunChooser([&](HWND chooser) {
-                      EXPECT_EQ(WindowText(GetDlgItem(chooser, IDC_PICTURE_MESSAGE)), c.message);
-                      EXPECT_EQ(ListView_GetItemCount(GetDlgItem(chooser, IDC_PICTURE_LIST)), 0);
-                      EXPECT_FALSE(IsWindowEnabled(GetDlgItem(chooser, IDOK)));
+                      EXPECT_EQ(WindowText(GetDlgItem(chooser, IDC_PICTURE_MESSAGE)), c.second);
+                      EXPECT_TRUE(ItemNames(chooser).empty());
+                      EXPECT_FALSE(Enabled(chooser, IDOK));
                       return Keys({VK_RETURN, VK_ESCAPE});  // Enter must not confirm nothing
                   }),
                   0);
@@ -304,7 +255,7 @@ TEST_F(ImagePanelTest, ChosenPathComesBackInTheAnsiCodePageOrNotAtAll) {
         PXImagePanel_SetDirectory(folderAnsi.c_str());
         std::vector<std::wstring> names;
         EXPECT_EQ(RunChooser([&](HWND chooser) {
-                      names = ItemNames(GetDlgItem(chooser, IDC_PICTURE_LIST));
+                      names = ItemNames(chooser);
                       return Keys({VK_RETURN});
                   }),
                   1);

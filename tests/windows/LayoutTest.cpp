@@ -1,129 +1,93 @@
-// The layouts a separately compiled host depends on, for i686. The
-// static_asserts fail the i686 build; the 64-bit test build (for machines
-// without 32-bit execution) checks only what holds on both.
+// The layouts a separately compiled host depends on. The i686 build checks
+// every field's offset and each size at compile time; the 64-bit test build
+// (for machines without 32-bit execution) checks only what holds on both.
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <cstdlib>
+#include <initializer_list>
 #include <type_traits>
 
 #include "vellcolor/VellColor.h"
 
+namespace {
+
+// Whether the offsets are `want`, or 0, 4, 8... in 32-bit steps when `want` is empty.
+constexpr bool At(std::initializer_list<std::size_t> got,
+                  std::initializer_list<std::size_t> want = {}) {
+    std::size_t i = 0;
+    for (std::size_t offset : got) {
+        if (offset != (want.size() == 0 ? 4 * i : want.begin()[i])) return false;
+        ++i;
+    }
+    return true;
+}
+
 #if defined(__i386__)
-#define CHECK_FIELD(T, field, offset) \
-    static_assert(offsetof(T, field) == (offset), #T "::" #field " has moved")
-
-CHECK_FIELD(VellHostWindow, m_hWnd, 0x1C);
-
-CHECK_FIELD(KTEffectGradation, type, 0);
-CHECK_FIELD(KTEffectGradation, hueInterpolation, 4);
-CHECK_FIELD(KTEffectGradation, factor, 8);
-CHECK_FIELD(KTEffectGradation, bias, 12);
-CHECK_FIELD(KTEffectGradation, angle, 16);
-CHECK_FIELD(KTEffectGradation, repeat, 20);
-CHECK_FIELD(KTEffectGradation, colorCount, 24);
-CHECK_FIELD(KTEffectGradation, colors, 28);
-CHECK_FIELD(KTEffectGradation, mix, 32);
-CHECK_FIELD(KTEffectGradation, spiralAngle, 36);
-static_assert(sizeof(KTEffectGradation) == 40, "KTEffectGradation size");
-
-CHECK_FIELD(KTEffectTile, shape, 0);
-CHECK_FIELD(KTEffectTile, width, 4);
-CHECK_FIELD(KTEffectTile, height, 8);
-CHECK_FIELD(KTEffectTile, rowShift, 12);
-CHECK_FIELD(KTEffectTile, seamWidth, 16);
-CHECK_FIELD(KTEffectTile, transparentSeam, 20);
-CHECK_FIELD(KTEffectTile, roundCorners, 24);
-CHECK_FIELD(KTEffectTile, cornerCut, 28);
-CHECK_FIELD(KTEffectTile, angle, 32);
-CHECK_FIELD(KTEffectTile, coloring, 36);
-CHECK_FIELD(KTEffectTile, colorCount, 40);
-CHECK_FIELD(KTEffectTile, colors, 44);
-CHECK_FIELD(KTEffectTile, seamColor, 48);
-static_assert(sizeof(KTEffectTile) == 52, "KTEffectTile size");
-
-CHECK_FIELD(KTEffectStripe, interval, 0);
-CHECK_FIELD(KTEffectStripe, patternWidth, 4);
-CHECK_FIELD(KTEffectStripe, direction, 8);
-CHECK_FIELD(KTEffectStripe, reserved1, 12);
-CHECK_FIELD(KTEffectStripe, intersectionBrightness, 16);
-CHECK_FIELD(KTEffectStripe, texture, 20);
-CHECK_FIELD(KTEffectStripe, colorCount, 24);
-CHECK_FIELD(KTEffectStripe, colors, 28);
-CHECK_FIELD(KTEffectStripe, backgroundMode, 32);
-CHECK_FIELD(KTEffectStripe, backgroundColor, 36);
-CHECK_FIELD(KTEffectStripe, reserved2, 40);
-CHECK_FIELD(KTEffectStripe, renderState, 44);
-static_assert(sizeof(KTEffectStripe) == 48, "KTEffectStripe size");
-
-CHECK_FIELD(KTEffectDensityPattern, random, 0);
-CHECK_FIELD(KTEffectDensityPattern, renderState, 1);
-CHECK_FIELD(KTEffectDensityPattern, removeJaggies, 8);
-CHECK_FIELD(KTEffectDensityPattern, reserved1, 12);
-CHECK_FIELD(KTEffectDensityPattern, patternType, 16);
-CHECK_FIELD(KTEffectDensityPattern, referencePoints, 20);
-CHECK_FIELD(KTEffectDensityPattern, colorCount, 24);
-CHECK_FIELD(KTEffectDensityPattern, colors, 28);
-CHECK_FIELD(KTEffectDensityPattern, reserved2, 32);
-CHECK_FIELD(KTEffectDensityPattern, invertColors, 36);
-CHECK_FIELD(KTEffectDensityPattern, borderColor, 40);
-CHECK_FIELD(KTEffectDensityPattern, borderWidth, 52);
-CHECK_FIELD(KTEffectDensityPattern, blurDirection, 56);
-CHECK_FIELD(KTEffectDensityPattern, isolineWidth, 60);
-CHECK_FIELD(KTEffectDensityPattern, reserved3, 64);
-CHECK_FIELD(KTEffectDensityPattern, radialLines, 68);
-CHECK_FIELD(KTEffectDensityPattern, swirl, 72);
-CHECK_FIELD(KTEffectDensityPattern, roughness, 76);
-CHECK_FIELD(KTEffectDensityPattern, image, 80);
-CHECK_FIELD(KTEffectDensityPattern, reserved4, 84);
-CHECK_FIELD(KTEffectDensityPattern, imageSize, 88);
-static_assert(sizeof(KTEffectDensityPattern) == 92, "KTEffectDensityPattern size");
-
-CHECK_FIELD(KTMapping, image, 0);
-CHECK_FIELD(KTMapping, repeat, 4);
-CHECK_FIELD(KTMapping, seamless, 8);
-CHECK_FIELD(KTMapping, fitWhole, 12);
-CHECK_FIELD(KTMapping, scale, 16);
-CHECK_FIELD(KTMapping, angle, 20);
-CHECK_FIELD(KTMapping, assigned, 24);
-static_assert(sizeof(KTMapping) == 28, "KTMapping size");
-
-CHECK_FIELD(BitmapImage, name, 0);
-CHECK_FIELD(BitmapImage, width, 4);
-CHECK_FIELD(BitmapImage, height, 8);
-CHECK_FIELD(BitmapImage, bytesPerPixel, 12);
-CHECK_FIELD(BitmapImage, stride, 16);
-CHECK_FIELD(BitmapImage, paletteCount, 20);
-CHECK_FIELD(BitmapImage, palette, 24);
-CHECK_FIELD(BitmapImage, pixelBytes, 28);
-CHECK_FIELD(BitmapImage, pixels, 32);
-static_assert(sizeof(BitmapImage) == 36, "BitmapImage size");
+#define O(field) offsetof(T, field)
+[[maybe_unused]] void CheckLayouts() {
+    {
+        using T = KTEffectGradation;
+        static_assert(At({O(type), O(hueInterpolation), O(factor), O(bias), O(angle), O(repeat),
+                          O(colorCount), O(colors), O(mix), O(spiralAngle)}) &&
+                          sizeof(T) == 40,
+                      "KTEffectGradation has moved");
+    }
+    {
+        using T = KTEffectTile;
+        static_assert(At({O(shape), O(width), O(height), O(rowShift), O(seamWidth),
+                          O(transparentSeam), O(roundCorners), O(cornerCut), O(angle), O(coloring),
+                          O(colorCount), O(colors), O(seamColor)}) &&
+                          sizeof(T) == 52,
+                      "KTEffectTile has moved");
+    }
+    {
+        using T = KTEffectStripe;
+        static_assert(At({O(interval), O(patternWidth), O(direction), O(reserved1),
+                          O(intersectionBrightness), O(texture), O(colorCount), O(colors),
+                          O(backgroundMode), O(backgroundColor), O(reserved2), O(renderState)}) &&
+                          sizeof(T) == 48,
+                      "KTEffectStripe has moved");
+    }
+    {
+        using T = KTEffectDensityPattern;
+        static_assert(
+            At({O(random),        O(renderState),     O(removeJaggies), O(reserved1),
+                O(patternType),   O(referencePoints), O(colorCount),    O(colors),
+                O(reserved2),     O(invertColors),    O(borderColor),   O(borderWidth),
+                O(blurDirection), O(isolineWidth),    O(reserved3),     O(radialLines),
+                O(swirl),         O(roughness),       O(image),         O(reserved4),
+                O(imageSize)},
+               {0, 1, 8, 12, 16, 20, 24, 28, 32, 36, 40, 52, 56, 60, 64, 68, 72, 76, 80, 84, 88}) &&
+                sizeof(T) == 92,
+            "KTEffectDensityPattern has moved");
+    }
+    {
+        using T = KTMapping;
+        static_assert(
+            At({O(image), O(repeat), O(seamless), O(fitWhole), O(scale), O(angle), O(assigned)}) &&
+                sizeof(T) == 28,
+            "KTMapping has moved");
+    }
+    {
+        using T = BitmapImage;
+        static_assert(At({O(name), O(width), O(height), O(bytesPerPixel), O(stride),
+                          O(paletteCount), O(palette), O(pixelBytes), O(pixels)}) &&
+                          sizeof(T) == 36,
+                      "BitmapImage has moved");
+    }
+    static_assert(offsetof(VellHostWindow, m_hWnd) == 0x1C, "VellHostWindow has moved");
+}
 #endif
 
 static_assert(sizeof(ColorRGB) == 3 && sizeof(ColorF) == 12, "color sizes");
-
-namespace {
-
-template <typename T>
-constexpr bool kHostReadable = std::is_standard_layout<T>::value;
-
-TEST(LayoutTest, HostVisibleClassesAreStandardLayout) {
-    EXPECT_TRUE(kHostReadable<KTEffectGradation>);
-    EXPECT_TRUE(kHostReadable<KTEffectTile>);
-    EXPECT_TRUE(kHostReadable<KTEffectStripe>);
-    EXPECT_TRUE(kHostReadable<KTEffectDensityPattern>);
-    EXPECT_TRUE(kHostReadable<KTMapping>);
-    EXPECT_TRUE(kHostReadable<BitmapImage>);
-    EXPECT_TRUE(kHostReadable<VellHostWindow>);
-}
-
-TEST(LayoutTest, ColorArraysComeFromTheSharedRuntimeHeap) {
-    // A host that shares msvcrt.dll frees what the object allocated.
-    KTEffectGradation gradation;
-    ColorRGB* colors = gradation.colors;
-    ASSERT_NE(colors, nullptr);
-    gradation.colors = nullptr;
-    gradation.colorCount = 0;
-    free(colors);
-}
+static_assert(std::is_standard_layout<KTEffectGradation>::value &&
+                  std::is_standard_layout<KTEffectTile>::value &&
+                  std::is_standard_layout<KTEffectStripe>::value &&
+                  std::is_standard_layout<KTEffectDensityPattern>::value &&
+                  std::is_standard_layout<KTMapping>::value &&
+                  std::is_standard_layout<BitmapImage>::value &&
+                  std::is_standard_layout<VellHostWindow>::value,
+              "host-visible classes are standard layout");
 
 }  // namespace

@@ -1,5 +1,6 @@
 // The mapping and image source panels in the real DLL: the picture taken
-// from the clipboard, its preview, and the mapping a host reads back.
+// from a file, the picture list or the clipboard, its preview, and the
+// mapping a host reads back.
 #include <windows.h>
 #include <gtest/gtest.h>
 
@@ -11,61 +12,19 @@
 
 namespace {
 
-const COLORREF kCorner = RGB(0, 0, 255), kBody = RGB(255, 0, 0);
-
-class MappingPanelTest : public RemoteControlTest {
-  protected:
-    void SetUp() override {
-        RemoteControlTest::SetUp();
-        Click(remote, 1007);
-        mapping = EffectPanelOf(remote, 1046);
-        source = PanelOf(remote, 1027, 1040);
-        ASSERT_NE(mapping, nullptr);
-        ASSERT_NE(source, nullptr);
-        ASSERT_TRUE(IsWindowVisible(source));
-    }
-    // A 200 x 100 picture, blue in its top-left 10 x 10 corner, from the clipboard.
-    void TakePicture() {
-        ASSERT_TRUE(PutPictureOnClipboard(
-            200, 100, [](int x, int y) { return x < 10 && y < 10 ? kCorner : kBody; }));
-        SystemDialogWatcher none;
-        Click(source, 1002);
-        ASSERT_TRUE(none.seen().empty());
-    }
-    bool Enabled(int id) const { return IsWindowEnabled(GetDlgItem(mapping, id)) != 0; }
-    COLORREF PreviewAt(int x, int y) const {
-        HWND preview = GetDlgItem(source, 1040);
-        UpdateWindow(source);
-        HDC dc = GetDC(preview);
-        const COLORREF c = GetPixel(dc, x, y);
-        ReleaseDC(preview, dc);
-        return c;
-    }
-
-    struct Mapping : KTMapping {
-        float a = -1.0f, b = -1.0f;
-        Mapping() { PXColor_GetMapping(*this, a, b); }
-    };
-
-    HWND mapping = nullptr;
-    HWND source = nullptr;
-};
+const COLORREF kCorner = RGB(0, 0, 255), kBody = RGB(255, 0, 0), kGrey = RGB(128, 128, 128);
 
 std::wstring BesideTest(const std::wstring& name) {
-    wchar_t exe[MAX_PATH] = {};
-    GetModuleFileNameW(nullptr, exe, MAX_PATH);
-    const std::wstring path(exe);
-    return path.substr(0, path.find_last_of(L"\\/") + 1) + name;
+    const std::wstring settings = SettingsPath();
+    return settings.substr(0, settings.find_last_of(L'\\') + 1) + name;
 }
 
 // Removes a folder of files (the demo host fills it again when it runs).
 void RemoveFolder(const std::wstring& folder) {
     WIN32_FIND_DATAW found;
     HANDLE search = FindFirstFileW((folder + L"\\*").c_str(), &found);
-    while (search != INVALID_HANDLE_VALUE) {
+    for (bool more = search != INVALID_HANDLE_VALUE; more; more = FindNextFileW(search, &found))
         DeleteFileW((folder + L"\\" + found.cFileName).c_str());
-        if (!FindNextFileW(search, &found)) break;
-    }
     if (search != INVALID_HANDLE_VALUE) FindClose(search);
     RemoveDirectoryW(folder.c_str());
 }
@@ -83,26 +42,31 @@ void WritePicture(const std::wstring& path, int w, int h) {
     std::fclose(f);
 }
 
-// Answers the file-open dialog with `path` and any message box with OK,
-// recording the message boxes' texts.
-struct FileDialogAnswer {
-    explicit FileDialogAnswer(const std::wstring& path)
-        : watcher([this, path](HWND box) {
-              // The file name box of the classic and of the Explorer-style dialog.
-              for (int id : {1152, 1148}) {
-                  if (GetDlgItem(box, id) != nullptr) {
-                      SetDlgItemTextW(box, id, path.c_str());
-                      PressDialogButton(box, IDOK);
-                      return;
-                  }
-              }
-              wchar_t text[256] = {};
-              GetDlgItemTextW(box, 0xFFFF, text, 256);
-              messages.push_back(text);
-              PressDialogButton(box, IDOK);
-          }) {}
-    std::vector<std::wstring> messages;
-    SystemDialogWatcher watcher;
+class MappingPanelTest : public RemoteControlTest {
+  protected:
+    void SetUp() override {
+        RemoteControlTest::SetUp();
+        Click(remote, 1007);
+        mapping = EffectPanelOf(remote, 1046);
+        source = PanelOf(remote, 1027, 1040);
+        ASSERT_TRUE(mapping != nullptr && source != nullptr);
+        ASSERT_TRUE(IsWindowVisible(source));
+    }
+    // A 200 x 100 picture, blue in its top-left 10 x 10 corner, from the clipboard.
+    void TakePicture() {
+        ASSERT_TRUE(PutPictureOnClipboard(
+            200, 100, [](int x, int y) { return x < 10 && y < 10 ? kCorner : kBody; }));
+        SystemDialogWatcher none;
+        Click(source, 1002);
+        ASSERT_TRUE(none.seen().empty());
+    }
+    struct Mapping : KTMapping {
+        float a = -1.0f, b = -1.0f;
+        Mapping() { PXColor_GetMapping(*this, a, b); }
+    };
+
+    HWND mapping = nullptr;
+    HWND source = nullptr;
 };
 
 TEST_F(MappingPanelTest, PictureFilesLoadByTheirExtensionsCase) {
@@ -118,10 +82,17 @@ TEST_F(MappingPanelTest, PictureFilesLoadByTheirExtensionsCase) {
         const std::wstring path = BesideTest(c.name);
         WritePicture(path, c.width > 0 ? c.width : 32, 20);
         {
-            FileDialogAnswer answer(path);
+            // Answers the file-open dialog (classic or Explorer style) with
+            // the path, and a message box with OK.
+            SystemDialogWatcher watcher([&](HWND box) {
+                for (int id : {1152, 1148}) {
+                    if (GetDlgItem(box, id) != nullptr) SetDlgItemTextW(box, id, path.c_str());
+                }
+                PressDialogButton(box, IDOK);
+            });
             Click(source, 1003);
-            ASSERT_EQ(answer.messages.size(), c.message == nullptr ? 0u : 1u);
-            if (c.message != nullptr) EXPECT_EQ(answer.messages[0], c.message);
+            ASSERT_EQ(watcher.seen().size(), c.message ? 2u : 1u);
+            EXPECT_EQ(watcher.seen().back().text, c.message ? c.message : L"");
         }
         const Mapping m;
         ASSERT_NE(m.image, nullptr);
@@ -130,23 +101,10 @@ TEST_F(MappingPanelTest, PictureFilesLoadByTheirExtensionsCase) {
     }
 }
 
-TEST_F(MappingPanelTest, ClipboardWithoutAPictureKeepsThePreviousOne) {
-    TakePicture();
-    ASSERT_TRUE(OpenClipboard(nullptr));
-    EmptyClipboard();
-    CloseClipboard();
-    SystemDialogWatcher watcher;
-    Click(source, 1002);
-    ASSERT_EQ(watcher.seen().size(), 1u);
-    EXPECT_EQ(watcher.seen()[0].text, L"ﾃﾞｰﾀがありません。");
-    EXPECT_EQ(Mapping().image->GetWidth(), 200);
-}
-
 // The picture list opens on the Image folder beside the host program; the
 // keyboard chooses a picture whose name needs the Japanese code page.
 TEST_F(MappingPanelTest, PictureListChoosesFromTheImageFolder) {
-    const std::wstring folder = BesideTest(L"Image");
-    const std::wstring picture = folder + L"\\写真.bmp";
+    const std::wstring folder = BesideTest(L"Image"), picture = folder + L"\\写真.bmp";
     RemoveFolder(folder);
     CreateDirectoryW(folder.c_str(), nullptr);
     WritePicture(picture, 48, 24);
@@ -173,103 +131,105 @@ TEST_F(MappingPanelTest, PictureListChoosesFromTheImageFolder) {
     RemoveFolder(folder);
 }
 
-TEST_F(MappingPanelTest, WithoutAPictureTheHostsObjectIsLeftAlone) {
+TEST_F(MappingPanelTest, TheHostGetsAPictureWithTheValuesOrNothingAtAll) {
+    // Without a picture the host's object and numbers are left alone.
     EXPECT_EQ(SendMessageW(remote, WM_APP + 1004, 0, 0), 0);
-    KTMapping m;
-    m.SetScale(7.0f);
+    KTMapping untouched;
+    untouched.SetScale(7.0f);
     float a = 3.0f, b = 4.0f;
-    PXColor_GetMapping(m, a, b);
-    EXPECT_EQ(m.image, nullptr);
-    EXPECT_FLOAT_EQ(m.scale, 7.0f);
-    EXPECT_EQ(m.assigned, 0);
-    EXPECT_FLOAT_EQ(a, 3.0f);
-    EXPECT_FLOAT_EQ(b, 4.0f);
-}
+    PXColor_GetMapping(untouched, a, b);
+    EXPECT_EQ(untouched.image, nullptr);
+    EXPECT_EQ((std::vector<float>{untouched.scale, float(untouched.assigned), a, b}),
+              (std::vector<float>{7, 0, 3, 4}));
 
-TEST_F(MappingPanelTest, APictureComesWithTheStartingValues) {
     TakePicture();
     EXPECT_EQ(SendMessageW(remote, WM_APP + 1004, 0, 0), 1);
     const Mapping m;
     ASSERT_NE(m.image, nullptr);
-    EXPECT_EQ(m.image->GetWidth(), 200);
-    EXPECT_EQ(m.image->GetHeight(), 100);
-    EXPECT_EQ(m.image->GetBytesPerPixel(), 3);
-    EXPECT_FLOAT_EQ(m.scale, 1.0f);
-    EXPECT_FLOAT_EQ(m.angle, 0.0f);
-    EXPECT_EQ(m.repeat, 1);
-    EXPECT_EQ(m.seamless, 0);
-    EXPECT_EQ(m.fitWhole, 0);
-    EXPECT_EQ(m.assigned, 1);
-    EXPECT_FLOAT_EQ(m.a, 0.0f);
-    EXPECT_FLOAT_EQ(m.b, 0.0f);
+    EXPECT_EQ(
+        (std::vector<int>{m.image->GetWidth(), m.image->GetHeight(), m.image->GetBytesPerPixel()}),
+        (std::vector<int>{200, 100, 3}));
+    EXPECT_EQ((std::vector<float>{m.scale, m.angle, float(m.repeat), float(m.seamless),
+                                  float(m.fitWhole), float(m.assigned), m.a, m.b}),
+              (std::vector<float>{1, 0, 1, 0, 0, 1, 0, 0}));
+
+    // An empty clipboard says so and keeps the picture.
+    ASSERT_TRUE(OpenClipboard(nullptr));
+    EmptyClipboard();
+    CloseClipboard();
+    {
+        SystemDialogWatcher watcher;
+        Click(source, 1002);
+        ASSERT_EQ(watcher.seen().size(), 1u);
+        EXPECT_EQ(watcher.seen()[0].text, L"ﾃﾞｰﾀがありません。");
+    }
+    EXPECT_EQ(Mapping().image->GetWidth(), 200);
+
+    // The scale's up arrow, from the keyboard, steps by five; the space bar
+    // updates without toggling the focused check box.
+    TypeKeys(GetDlgItem(mapping, 1043), {VK_UP});
+    SetDlgItemTextW(mapping, 1025, L"-400");
+    Scroll(mapping, 1048, SB_THUMBTRACK, 32);
+    Scroll(mapping, 1048, SB_PAGERIGHT);
+    const Mapping changed;
+    EXPECT_EQ((std::vector<float>{changed.scale, changed.angle, changed.a, changed.b}),
+              (std::vector<float>{1.05f, -400, 1, 1}));
+    SetDlgItemTextW(mapping, 1043, L"x");
+    EXPECT_FLOAT_EQ(Mapping().scale, 0.0f);
+    TypeKeys(GetDlgItem(mapping, 1046), {VK_SPACE});
+    EXPECT_EQ(host.names(), std::vector<std::string>{"image_mapping"});
+    EXPECT_EQ(IsDlgButtonChecked(mapping, 1046), BST_CHECKED);
 }
 
 TEST_F(MappingPanelTest, RepeatFitWholeAndScaleEnableEachOther) {
-    EXPECT_FALSE(Enabled(1045));
-    Click(mapping, 1046);  // repeat off
-    EXPECT_TRUE(Enabled(1045));
-    EXPECT_FALSE(Enabled(1047));
-    Click(mapping, 1045);  // fit whole on
-    EXPECT_FALSE(Enabled(1043));
-    EXPECT_FALSE(Enabled(1044));
-    Click(mapping, 1046);  // repeat on: scale back, fit whole kept but disabled
-    EXPECT_TRUE(Enabled(1043));
-    EXPECT_FALSE(Enabled(1045));
+    const struct {
+        int click;
+        bool fitWhole, scale, seamless;
+    } steps[] = {
+        {0, false, true, true},      // repeat on
+        {1046, true, true, false},   // repeat off
+        {1045, true, false, false},  // fit whole on
+        {1046, false, true, true},   // repeat on: scale back, fit whole kept but disabled
+        {1046, true, false, false},
+    };
+    for (const auto& step : steps) {
+        if (step.click != 0) Click(mapping, step.click);
+        EXPECT_EQ((std::vector<bool>{Enabled(mapping, 1045), Enabled(mapping, 1043),
+                                     Enabled(mapping, 1047)}),
+                  (std::vector<bool>{step.fitWhole, step.scale, step.seamless}))
+            << step.click;
+    }
     EXPECT_EQ(IsDlgButtonChecked(mapping, 1045), BST_CHECKED);
-    Click(mapping, 1046);
-    EXPECT_FALSE(Enabled(1043));
-
     // Typing a scale clears fit whole and leaves the enabling as it is.
     SetDlgItemTextW(mapping, 1043, L"250");
     EXPECT_EQ(IsDlgButtonChecked(mapping, 1045), BST_UNCHECKED);
-    EXPECT_FALSE(Enabled(1043));
-}
-
-TEST_F(MappingPanelTest, ScaleAngleAndStretchReachTheHost) {
-    TakePicture();
-    // The scale's up arrow, from the keyboard, steps by five.
-    TypeKeys(GetDlgItem(mapping, 1043), {VK_UP});
-    SetDlgItemTextW(mapping, 1025, L"-400");
-    SendMessageW(mapping, WM_HSCROLL, MAKEWPARAM(SB_THUMBTRACK, 32),
-                 reinterpret_cast<LPARAM>(GetDlgItem(mapping, 1048)));
-    SendMessageW(mapping, WM_HSCROLL, SB_PAGERIGHT,
-                 reinterpret_cast<LPARAM>(GetDlgItem(mapping, 1048)));
-    const Mapping m;
-    EXPECT_FLOAT_EQ(m.scale, 1.05f);
-    EXPECT_FLOAT_EQ(m.angle, -400.0f);
-    EXPECT_FLOAT_EQ(m.a, 1.0f);
-    EXPECT_FLOAT_EQ(m.b, 1.0f);
-
-    SetDlgItemTextW(mapping, 1043, L"x");
-    EXPECT_FLOAT_EQ(Mapping().scale, 0.0f);
-
-    host.Clear();
-    TypeKeys(GetDlgItem(mapping, 1046), {VK_SPACE});
-    ASSERT_EQ(host.received().size(), 1u);
-    EXPECT_EQ(host.received()[0].name, "image_mapping");
-    EXPECT_EQ(IsDlgButtonChecked(mapping, 1046), BST_CHECKED);  // the space did not toggle it
+    EXPECT_FALSE(Enabled(mapping, 1043));
 }
 
 TEST_F(MappingPanelTest, PreviewFitsThePictureOrShowsItsCornerUnscaled) {
+    HWND preview = GetDlgItem(source, 1040);
     RECT area;
-    GetClientRect(GetDlgItem(source, 1040), &area);
-    EXPECT_EQ(PreviewAt(area.right / 2, area.bottom / 2), RGB(128, 128, 128));
+    GetClientRect(preview, &area);
+    EXPECT_EQ(ScreenPixel(preview, area.right / 2, area.bottom / 2), kGrey);
     TakePicture();
     // The preview is wider than twice its height: the picture takes the full
     // height, centred across, grey on both sides.
     ASSERT_GT(area.right, 2 * area.bottom);
-    const int drawnWidth = static_cast<int>(area.bottom / 0.5f);
-    const int left = (area.right - drawnWidth) / 2;
-    EXPECT_EQ(PreviewAt(0, 0), RGB(0, 0, 0));
-    EXPECT_EQ(PreviewAt(left - 2, area.bottom / 2), RGB(128, 128, 128));
-    EXPECT_EQ(PreviewAt(left + drawnWidth / 2, area.bottom / 2), kBody);
-    EXPECT_EQ(PreviewAt(left + drawnWidth + 1, area.bottom / 2), RGB(128, 128, 128));
-
+    const int drawn = area.bottom * 2, left = (area.right - drawn) / 2, middle = area.bottom / 2;
+    const struct {
+        int x, y;
+        COLORREF color;
+    } fitted[] = {{0, 0, RGB(0, 0, 0)},
+                  {left - 2, middle, kGrey},
+                  {left + drawn / 2, middle, kBody},
+                  {left + drawn + 1, middle, kGrey}},
+      corner[] = {{5, 5, kCorner},
+                  {12, 12, kBody},
+                  {area.right - 2, area.bottom - 2, kBody},
+                  {area.right - 1, area.bottom - 1, RGB(0, 0, 0)}};
+    for (const auto& p : fitted) EXPECT_EQ(ScreenPixel(preview, p.x, p.y), p.color) << p.x;
     Click(source, 1041);  // "全体表示" off: the corner at natural size
-    EXPECT_EQ(PreviewAt(5, 5), kCorner);
-    EXPECT_EQ(PreviewAt(12, 12), kBody);
-    EXPECT_EQ(PreviewAt(area.right - 2, area.bottom - 2), kBody);
-    EXPECT_EQ(PreviewAt(area.right - 1, area.bottom - 1), RGB(0, 0, 0));
+    for (const auto& p : corner) EXPECT_EQ(ScreenPixel(preview, p.x, p.y), p.color) << p.x;
 }
 
 }  // namespace

@@ -1,6 +1,9 @@
 #include "WinTestSupport.h"
 
+#include <algorithm>
+#include <atomic>
 #include <cstdio>
+#include <thread>
 
 namespace {
 
@@ -10,45 +13,62 @@ const UINT kPumpDone = WM_APP + 0x3FF;
 SystemDialogWatcher* g_watcher = nullptr;
 PopupMenuPicker* g_picker = nullptr;
 
-bool IsRemoteControl(HWND hwnd) {
+std::wstring ClassOf(HWND hwnd) {
     wchar_t cls[32] = {};
     GetClassNameW(hwnd, cls, 32);
-    return std::wstring(cls) == L"#32770" && GetDlgItem(hwnd, 1027) != nullptr &&
+    return cls;
+}
+
+bool IsRemoteControl(HWND hwnd) {
+    return ClassOf(hwnd) == L"#32770" && GetDlgItem(hwnd, 1027) != nullptr &&
            GetDlgItem(hwnd, 1003) != nullptr;
 }
 
-BOOL CALLBACK CollectRemoteControls(HWND hwnd, LPARAM param) {
-    if (IsRemoteControl(hwnd)) reinterpret_cast<std::vector<HWND>*>(param)->push_back(hwnd);
+struct Search {
+    bool (*wanted)(HWND);
+    std::vector<HWND> found;
+};
+
+BOOL CALLBACK Collect(HWND hwnd, LPARAM param) {
+    auto* search = reinterpret_cast<Search*>(param);
+    if (search->wanted(hwnd)) search->found.push_back(hwnd);
     return TRUE;
 }
 
-BOOL CALLBACK CollectSystemDialogs(HWND hwnd, LPARAM param) {
-    wchar_t cls[32] = {};
-    GetClassNameW(hwnd, cls, 32);
-    if (std::wstring(cls) == L"#32770" && IsWindowVisible(hwnd) && !IsRemoteControl(hwnd)) {
-        reinterpret_cast<std::vector<HWND>*>(param)->push_back(hwnd);
-    }
-    return TRUE;
+// The top-level windows of this thread that `wanted` accepts.
+std::vector<HWND> ThreadWindows(bool (*wanted)(HWND)) {
+    Search search = {wanted, {}};
+    EnumThreadWindows(GetCurrentThreadId(), Collect, reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+bool IsSystemDialog(HWND hwnd) {
+    return ClassOf(hwnd) == L"#32770" && IsWindowVisible(hwnd) && !IsRemoteControl(hwnd);
 }
 
 }  // namespace
 
 TestHost::TestHost(UINT message) : message_(message) {
-    static bool registered = false;
-    if (!registered) {
+    static const ATOM registered = [] {
         WNDCLASSW wc = {};
         wc.lpfnWndProc = Proc;
         wc.hInstance = GetModuleHandleW(nullptr);
         wc.lpszClassName = kHostClass;
-        RegisterClassW(&wc);
-        registered = true;
-    }
+        return RegisterClassW(&wc);
+    }();
+    (void)registered;
     layout_.m_hWnd = CreateWindowW(kHostClass, L"test host", WS_OVERLAPPEDWINDOW, 600, 100, 200,
                                    100, nullptr, nullptr, GetModuleHandleW(nullptr), this);
 }
 
 TestHost::~TestHost() {
     DestroyWindow(layout_.m_hWnd);
+}
+
+std::vector<std::string> TestHost::names() const {
+    std::vector<std::string> names;
+    for (const Notification& n : received_) names.push_back(n.name);
+    return names;
 }
 
 LRESULT CALLBACK TestHost::Proc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
@@ -65,8 +85,7 @@ LRESULT CALLBACK TestHost::Proc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lPara
 }
 
 void PumpMessages() {
-    // Posted last, so everything queued before it has been dispatched when
-    // it arrives.
+    // Posted last, so everything queued before it has been dispatched when it arrives.
     PostThreadMessageW(GetCurrentThreadId(), kPumpDone, 0, 0);
     MSG msg;
     while (GetMessageW(&msg, nullptr, 0, 0) > 0) {
@@ -91,10 +110,7 @@ bool PumpUntil(const std::function<bool()>& done, DWORD milliseconds) {
 }
 
 std::vector<HWND> RemoteControls() {
-    std::vector<HWND> found;
-    EnumThreadWindows(GetCurrentThreadId(), CollectRemoteControls,
-                      reinterpret_cast<LPARAM>(&found));
-    return found;
+    return ThreadWindows(IsRemoteControl);
 }
 
 HWND RemoteControl() {
@@ -102,14 +118,60 @@ HWND RemoteControl() {
     return found.empty() ? nullptr : found.front();
 }
 
+HWND PanelOf(HWND remote, int frame, int id) {
+    for (HWND panel = GetWindow(GetDlgItem(remote, frame), GW_CHILD); panel != nullptr;
+         panel = GetWindow(panel, GW_HWNDNEXT)) {
+        if (GetDlgItem(panel, id) != nullptr) return panel;
+    }
+    return nullptr;
+}
+
+HWND ColorSetPanelOf(HWND remote) {
+    return PanelOf(remote, 1027, 1011);
+}
+
+HWND EffectPanelOf(HWND remote, int id) {
+    return PanelOf(remote, 1002, id);
+}
+
 void Click(HWND dialog, int id) {
     SendMessageW(GetDlgItem(dialog, id), BM_CLICK, 0, 0);
+}
+
+void PressDialogButton(HWND dialog, int id) {
+    PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED),
+                 reinterpret_cast<LPARAM>(GetDlgItem(dialog, id)));
+}
+
+void Scroll(HWND dialog, int bar, int code, int thumb) {
+    SendMessageW(dialog, WM_HSCROLL, MAKEWPARAM(code, thumb),
+                 reinterpret_cast<LPARAM>(GetDlgItem(dialog, bar)));
+}
+
+void PressSpace(HWND control) {
+    SetFocus(control);
+    PostMessageW(control, WM_KEYDOWN, VK_SPACE, 0x00390001);
+    PostMessageW(control, WM_KEYUP, VK_SPACE, 0xC0390001);
+    PumpMessages();
+}
+
+bool Enabled(HWND dialog, int id) {
+    return IsWindowEnabled(GetDlgItem(dialog, id)) != FALSE;
 }
 
 std::wstring WindowText(HWND hwnd) {
     wchar_t text[512] = {};
     GetWindowTextW(hwnd, text, 512);
     return text;
+}
+
+COLORREF ScreenPixel(HWND window, int x, int y) {
+    UpdateWindow(GetParent(window));
+    UpdateWindow(window);
+    HDC dc = GetDC(window);
+    const COLORREF c = GetPixel(dc, x, y);
+    ReleaseDC(window, dc);
+    return c;
 }
 
 SystemDialogWatcher::SystemDialogWatcher(int buttonId)
@@ -128,14 +190,10 @@ SystemDialogWatcher::~SystemDialogWatcher() {
 
 void CALLBACK SystemDialogWatcher::OnTimer(HWND, UINT, UINT_PTR, DWORD) {
     if (g_watcher == nullptr) return;
-    std::vector<HWND> dialogs;
-    EnumThreadWindows(GetCurrentThreadId(), CollectSystemDialogs,
-                      reinterpret_cast<LPARAM>(&dialogs));
-    for (HWND box : dialogs) {
-        bool known = false;
-        for (HWND answered : g_watcher->answered_) known = known || answered == box;
-        if (known) continue;
-        g_watcher->answered_.push_back(box);
+    for (HWND box : ThreadWindows(IsSystemDialog)) {
+        std::vector<HWND>& answered = g_watcher->answered_;
+        if (std::find(answered.begin(), answered.end(), box) != answered.end()) continue;
+        answered.push_back(box);
         wchar_t text[512] = {};
         GetDlgItemTextW(box, 0xFFFF, text, 512);  // a message box's text
         g_watcher->seen_.push_back({WindowText(box), text, GetWindow(box, GW_OWNER)});
@@ -150,11 +208,6 @@ std::function<void(HWND)> TypeColorIntoChooser(int red, int green, int blue) {
         SetDlgItemInt(chooser, 708, blue, FALSE);
         PressDialogButton(chooser, IDOK);
     };
-}
-
-void PressDialogButton(HWND dialog, int id) {
-    PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED),
-                 reinterpret_cast<LPARAM>(GetDlgItem(dialog, id)));
 }
 
 PopupMenuPicker::PopupMenuPicker(int position) : position_(position) {
@@ -174,97 +227,55 @@ void CALLBACK PopupMenuPicker::OnTimer(HWND, UINT, UINT_PTR, DWORD) {
     HMENU menu = reinterpret_cast<HMENU>(SendMessageW(menuWindow, MN_GETHMENU, 0, 0));
     if (menu == nullptr) return;
     g_picker->seen_ = true;
-    const int count = GetMenuItemCount(menu);
-    for (int i = 0; i < count; ++i) {
+    // Arrow keys skip separators: count only the items that can be chosen.
+    int steps = 0;
+    for (int i = 0; i < GetMenuItemCount(menu); ++i) {
         wchar_t text[128] = {};
         GetMenuStringW(menu, i, text, 128, MF_BYPOSITION);
         const UINT state = GetMenuState(menu, i, MF_BYPOSITION);
-        g_picker->items_.push_back({text, GetMenuItemID(menu, i), (state & MF_CHECKED) != 0});
-    }
-    if (g_picker->position_ < 0) {
-        PostMessageW(menuWindow, WM_KEYDOWN, VK_ESCAPE, 0);
-        return;
-    }
-    // Arrow keys skip separators: count only the items that can be chosen.
-    int steps = 0;
-    for (int i = 0; i <= g_picker->position_ && i < count; ++i) {
-        if (!(GetMenuState(menu, i, MF_BYPOSITION) & MF_SEPARATOR)) ++steps;
+        g_picker->items_.push_back({text, (state & MF_CHECKED) != 0});
+        if (i <= g_picker->position_ && !(state & MF_SEPARATOR)) ++steps;
     }
     for (int i = 0; i < steps; ++i) PostMessageW(menuWindow, WM_KEYDOWN, VK_DOWN, 0);
-    PostMessageW(menuWindow, WM_KEYDOWN, VK_RETURN, 0);
+    PostMessageW(menuWindow, WM_KEYDOWN, g_picker->position_ < 0 ? VK_ESCAPE : VK_RETURN, 0);
 }
-
-HWND PanelOf(HWND remote, int frame, int id) {
-    for (HWND panel = GetWindow(GetDlgItem(remote, frame), GW_CHILD); panel != nullptr;
-         panel = GetWindow(panel, GW_HWNDNEXT)) {
-        if (GetDlgItem(panel, id) != nullptr) return panel;
-    }
-    return nullptr;
-}
-
-HWND ColorSetPanelOf(HWND remote) {
-    return PanelOf(remote, 1027, 1011);
-}
-
-HWND EffectPanelOf(HWND remote, int id) {
-    return PanelOf(remote, 1002, id);
-}
-
-namespace {
-
-struct KeyPresses {
-    std::vector<WORD> keys;
-    volatile LONG done = 0;
-};
-
-DWORD WINAPI PressKeys(void* param) {
-    auto* presses = static_cast<KeyPresses*>(param);
-    for (WORD key : presses->keys) {
-        INPUT input[2] = {};
-        input[0].type = input[1].type = INPUT_KEYBOARD;
-        input[0].ki.wVk = input[1].ki.wVk = key;
-        input[1].ki.dwFlags = KEYEVENTF_KEYUP;
-        SendInput(2, input, sizeof(INPUT));
-        Sleep(60);
-    }
-    Sleep(100);
-    InterlockedExchange(&presses->done, 1);
-    return 0;
-}
-
-}  // namespace
 
 void TypeKeys(HWND focus, const std::vector<WORD>& keys) {
     SetForegroundWindow(GetAncestor(focus, GA_ROOT));
     PumpMessages();
     SetFocus(focus);
-    KeyPresses presses;
-    presses.keys = keys;
-    HANDLE thread = CreateThread(nullptr, 0, PressKeys, &presses, 0, nullptr);
-    PumpUntil([&] { return presses.done != 0; }, 10000);
-    WaitForSingleObject(thread, INFINITE);
-    CloseHandle(thread);
+    std::atomic<bool> done{false};
+    std::thread sender([&] {
+        for (WORD key : keys) {
+            INPUT input[2] = {};
+            input[0].type = input[1].type = INPUT_KEYBOARD;
+            input[0].ki.wVk = input[1].ki.wVk = key;
+            input[1].ki.dwFlags = KEYEVENTF_KEYUP;
+            SendInput(2, input, sizeof(INPUT));
+            Sleep(60);
+        }
+        Sleep(100);
+        done = true;
+    });
+    PumpUntil([&] { return done.load(); }, 10000);
+    sender.join();
     PumpMessages();
 }
 
 bool PutPictureOnClipboard(int w, int h, const std::function<COLORREF(int x, int y)>& color) {
     const int stride = (w * 3 + 3) / 4 * 4;
-    HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, sizeof(BITMAPINFOHEADER) + stride * h);
+    HGLOBAL block =
+        GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, sizeof(BITMAPINFOHEADER) + stride * h);
     auto* header = static_cast<BITMAPINFOHEADER*>(GlobalLock(block));
-    *header = {};
-    header->biSize = sizeof *header;
-    header->biWidth = w;
-    header->biHeight = h;
-    header->biPlanes = 1;
-    header->biBitCount = 24;
+    *header = {sizeof *header, w, h, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
     auto* rows = reinterpret_cast<unsigned char*>(header + 1);
     for (int y = 0; y < h; ++y) {
-        unsigned char* row = rows + (h - 1 - y) * stride;  // bottom-up
         for (int x = 0; x < w; ++x) {
+            unsigned char* p = rows + (h - 1 - y) * stride + x * 3;  // bottom-up
             const COLORREF c = color(x, y);
-            row[x * 3] = GetBValue(c);
-            row[x * 3 + 1] = GetGValue(c);
-            row[x * 3 + 2] = GetRValue(c);
+            p[0] = GetBValue(c);
+            p[1] = GetGValue(c);
+            p[2] = GetRValue(c);
         }
     }
     GlobalUnlock(block);
@@ -287,19 +298,19 @@ void RemoveSettings() {
 }
 
 void WriteSettings(const std::string& content) {
-    FILE* f = _wfopen(SettingsPath().c_str(), L"wb");
-    if (f == nullptr) return;
-    std::fwrite(content.data(), 1, content.size(), f);
-    std::fclose(f);
+    if (FILE* f = _wfopen(SettingsPath().c_str(), L"wb")) {
+        std::fwrite(content.data(), 1, content.size(), f);
+        std::fclose(f);
+    }
 }
 
 std::string ReadSettings() {
-    FILE* f = _wfopen(SettingsPath().c_str(), L"rb");
-    if (f == nullptr) return std::string();
     std::string content;
-    char buffer[4096];
-    size_t n;
-    while ((n = std::fread(buffer, 1, sizeof buffer, f)) > 0) content.append(buffer, n);
-    std::fclose(f);
+    if (FILE* f = _wfopen(SettingsPath().c_str(), L"rb")) {
+        char buffer[4096];
+        for (size_t n; (n = std::fread(buffer, 1, sizeof buffer, f)) > 0;)
+            content.append(buffer, n);
+        std::fclose(f);
+    }
     return content;
 }

@@ -1,6 +1,6 @@
-// Helpers for the Windows tests: a real host window that records the
-// notifications it receives, message pumping, the remote control's window,
-// a watcher that reads and answers system dialogs, and the settings file.
+// Helpers for the Windows tests: a host window that records notifications,
+// message pumping, the remote control's windows, watchers that answer system
+// dialogs and menus, real keyboard input, and the settings file.
 #pragma once
 
 #include <windows.h>
@@ -20,7 +20,6 @@ class TestHost {
         WPARAM wParam;
     };
 
-    // Records the notifications that arrive with `message`.
     explicit TestHost(UINT message = kNotifyMessage);
     ~TestHost();
     TestHost(const TestHost&) = delete;
@@ -29,6 +28,7 @@ class TestHost {
     CWnd* window() { return AsHostWindow(&layout_); }
     HWND hwnd() const { return layout_.m_hWnd; }
     const std::vector<Notification>& received() const { return received_; }
+    std::vector<std::string> names() const;
     void Clear() { received_.clear(); }
 
   private:
@@ -38,26 +38,31 @@ class TestHost {
     std::vector<Notification> received_;
 };
 
-// Runs an ordinary GetMessage/TranslateMessage/DispatchMessage loop until
-// every message already queued (and whatever they cause) has been handled.
+// Dispatches what is queued, and what that causes.
 void PumpMessages();
-
-// Keeps dispatching messages, timers included, until `done` answers true or
-// `milliseconds` have passed; returns `done`'s last answer.
+// Dispatches messages until `done` answers true or time is up; returns its answer.
 bool PumpUntil(const std::function<bool()>& done, DWORD milliseconds = 3000);
 
-// The remote control windows of this thread.
 std::vector<HWND> RemoteControls();
 HWND RemoteControl();
+// The panel inside the remote control's `frame` that holds control `id`.
+HWND PanelOf(HWND remote, int frame, int id);
+HWND ColorSetPanelOf(HWND remote);
+HWND EffectPanelOf(HWND remote, int id);
 
-// BM_CLICK on control `id` of `dialog`.
-void Click(HWND dialog, int id);
-
+void Click(HWND dialog, int id);              // BM_CLICK
+void PressDialogButton(HWND dialog, int id);  // its command, posted
+void Scroll(HWND dialog, int bar, int code, int thumb = 0);
+// A space key press queued for `control` as the keyboard would, then pumped.
+void PressSpace(HWND control);
+bool Enabled(HWND dialog, int id);
 std::wstring WindowText(HWND hwnd);
+// A pixel of `window`'s client area as painted on the screen.
+COLORREF ScreenPixel(HWND window, int x, int y);
 
-// While alive, answers every system dialog (message box, color chooser...)
-// that this thread shows: records its caption and text and presses
-// `buttonId`. It runs from a thread timer, inside the dialog's own loop.
+// While alive, answers every dialog (message box, color chooser...) this
+// thread shows, from a timer inside the dialog's own loop: records its caption
+// and text and presses `buttonId`, or runs `action`, which closes it.
 class SystemDialogWatcher {
   public:
     struct Seen {
@@ -67,7 +72,6 @@ class SystemDialogWatcher {
     };
 
     explicit SystemDialogWatcher(int buttonId = IDOK);
-    // Runs `action` on each new dialog instead; the action closes it.
     explicit SystemDialogWatcher(std::function<void(HWND)> action);
     ~SystemDialogWatcher();
 
@@ -82,13 +86,11 @@ class SystemDialogWatcher {
 };
 
 // While alive, answers the first popup menu this thread tracks: records its
-// items and which one is checked, then picks the item at `position`
-// (counting separators too), or dismisses the menu when `position` is -1.
+// items and picks the one at `position` (separators count), or -1: none.
 class PopupMenuPicker {
   public:
     struct Item {
         std::wstring text;
-        UINT id;
         bool checked;
     };
 
@@ -106,28 +108,14 @@ class PopupMenuPicker {
     std::vector<Item> items_;
 };
 
-// A watcher action for the system color chooser: types the color into its
-// red, green and blue boxes and presses OK.
+// A watcher action that types the color into the system color chooser.
 std::function<void(HWND)> TypeColorIntoChooser(int red, int green, int blue);
 
-// Clicks a button of a dialog the way its own command would arrive.
-void PressDialogButton(HWND dialog, int id);
-
-// The color set panel inside a remote control.
-HWND ColorSetPanelOf(HWND remote);
-// The panel inside the remote control's `frame` that holds control `id`.
-HWND PanelOf(HWND remote, int frame, int id);
-// The effect panel inside a remote control that holds control `id`.
-HWND EffectPanelOf(HWND remote, int id);
-
-// Real keyboard input: a second thread presses and releases each virtual
-// key in turn with SendInput while this thread keeps pumping messages, as a
-// host's own loop would. The keys go to `focus`, whose top-level window is
-// brought to the foreground first.
+// Real keyboard input: a second thread sends each key with SendInput while
+// this thread pumps messages as a host's loop would. The keys go to `focus`.
 void TypeKeys(HWND focus, const std::vector<WORD>& keys);
 
-// Puts a 24-bit w x h picture on the clipboard as a packed DIB; `color`
-// gives each pixel, y counted from the top.
+// Puts a 24-bit w x h picture on the clipboard; y counts from the top.
 bool PutPictureOnClipboard(int w, int h, const std::function<COLORREF(int x, int y)>& color);
 
 // "PXColor.ini" beside the test program, as the library finds it.
