@@ -234,7 +234,7 @@ TEST_F(ColorSetPanelTest, SwatchOpensTheSystemColorChooserAndRightClickTheSlider
     }
     EXPECT_EQ(Slot(2), ColorRGB(9, 0, 0));
 
-    // The slider's first bar, scrolled a page, edits the slot at once.
+    // A right click opens the color slider on that slot; its first bar changes it.
     Palette({1, 2, 200, 7});
     SetSlot(2, ColorRGB(200, 100, 50));
     SystemDialogWatcher watcher([&](HWND slider) {
