@@ -52,19 +52,13 @@ class IsolinePanelTest : public RemoteControlTest {
 
 TEST_F(IsolinePanelTest, AFreshOpenDeliversTheStartingValues) {
     const Pattern p;
-    EXPECT_EQ(p.patternType, 1);
-    EXPECT_EQ(p.referencePoints, 2);
-    EXPECT_FLOAT_EQ(p.isolineWidth, 12.0f);
-    EXPECT_EQ(p.radialLines, 30);
-    EXPECT_FLOAT_EQ(p.imageSize, 50.0f);
+    EXPECT_EQ((std::vector<float>{float(p.patternType), float(p.referencePoints), p.isolineWidth,
+                                  float(p.radialLines), p.imageSize, p.borderWidth,
+                                  float(p.blurDirection), p.roughness, p.swirl,
+                                  float(p.removeJaggies), float(p.invertColors),
+                                  float(p.colorCount)}),
+              (std::vector<float>{1, 2, 12, 30, 50, 0.15f, 0, 0, 0, 1, 0, 2}));
     EXPECT_EQ(p.borderColor.ToRGB(), ColorRGB(0, 0, 0));
-    EXPECT_FLOAT_EQ(p.borderWidth, 0.15f);
-    EXPECT_EQ(p.blurDirection, 0);
-    EXPECT_FLOAT_EQ(p.roughness, 0.0f);
-    EXPECT_FLOAT_EQ(p.swirl, 0.0f);
-    EXPECT_EQ(p.removeJaggies, 1);
-    EXPECT_EQ(p.invertColors, 0);
-    EXPECT_EQ(p.colorCount, 2);
     EXPECT_EQ(p.image, nullptr);
     EXPECT_FALSE(ShowsPictures());
 }
@@ -118,12 +112,10 @@ TEST_F(IsolinePanelTest, ControlsReadOutAtTheSettersLimits) {
     SetDlgItemTextW(panel, 1097, L"x");
     SendMessageW(panel, WM_HSCROLL, MAKEWPARAM(SB_PAGERIGHT, 0),
                  reinterpret_cast<LPARAM>(GetDlgItem(panel, 1073)));
-    Pattern p;
-    EXPECT_EQ(p.referencePoints, 1);
-    EXPECT_FLOAT_EQ(p.isolineWidth, 1.0f);
-    EXPECT_EQ(p.radialLines, 1);
-    EXPECT_FLOAT_EQ(p.imageSize, 0.0f);
-    EXPECT_FLOAT_EQ(p.borderWidth, 5 / 20.0f);
+    const Pattern p;
+    EXPECT_EQ((std::vector<float>{float(p.referencePoints), p.isolineWidth, float(p.radialLines),
+                                  p.imageSize, p.borderWidth}),
+              (std::vector<float>{1, 1, 1, 0, 5 / 20.0f}));
 
     // The blur radios in the order they stand: none, both, inside, outside.
     const int blur[] = {0, 3, 1, 2};
@@ -147,18 +139,11 @@ TEST_F(IsolinePanelTest, RandomSettingsStayInRangeAndLeaveTheLowerFrameAlone) {
         SCOPED_TRACE(p.patternType);
         types.insert(p.patternType);
         EXPECT_FALSE(p.patternType >= 13 && p.patternType <= 15);
-        EXPECT_GE(p.referencePoints, 1);
-        EXPECT_LE(p.referencePoints, 10);
-        EXPECT_GE(p.isolineWidth, 6.0f);
-        EXPECT_LE(p.isolineWidth, 30.0f);
-        EXPECT_GE(p.radialLines, 12);
-        EXPECT_LE(p.radialLines, 60);
-        EXPECT_LE(p.swirl, 1.0f);
-        EXPECT_LE(p.roughness, 0.5f);
-        EXPECT_GE(p.borderWidth, 0.1f);
-        EXPECT_LE(p.borderWidth, 0.8f);
-        EXPECT_GE(p.blurDirection, 0);
-        EXPECT_LE(p.blurDirection, 3);
+        const float ranges[][3] = {{float(p.referencePoints), 1, 10}, {p.isolineWidth, 6, 30},
+                                   {float(p.radialLines), 12, 60},    {p.swirl, 0, 1},
+                                   {p.roughness, 0, 0.5f},            {p.borderWidth, 0.1f, 0.8f},
+                                   {float(p.blurDirection), 0, 3}};
+        for (const auto& r : ranges) EXPECT_TRUE(r[0] >= r[1] && r[0] <= r[2]) << r[0];
         if (p.patternType == 1) EXPECT_EQ(p.invertColors, 0);
         else swapped.insert(p.invertColors);
         // The drawn values stay in the controls.

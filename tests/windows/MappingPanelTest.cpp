@@ -113,18 +113,14 @@ TEST_F(MappingPanelTest, PictureListChoosesFromTheImageFolder) {
     {
         SystemDialogWatcher watcher([](HWND chooser) {
             SetForegroundWindow(chooser);
-            INPUT keys[2] = {};
-            keys[0].type = keys[1].type = INPUT_KEYBOARD;
-            keys[0].ki.wVk = keys[1].ki.wVk = VK_RETURN;
-            keys[1].ki.dwFlags = KEYEVENTF_KEYUP;
-            SendInput(2, keys, sizeof(INPUT));
+            keybd_event(VK_RETURN, 0, 0, 0);
+            keybd_event(VK_RETURN, 0, KEYEVENTF_KEYUP, 0);
         });
         Click(source, 1001);
         ASSERT_EQ(watcher.seen().size(), 1u);
     }
-    const Mapping m;
-    ASSERT_NE(m.image, nullptr);
-    EXPECT_EQ(m.image->GetWidth(), 48);
+    ASSERT_NE(Mapping().image, nullptr);
+    EXPECT_EQ(Mapping().image->GetWidth(), 48);
     wchar_t now[MAX_PATH] = {};
     GetCurrentDirectoryW(MAX_PATH, now);
     EXPECT_EQ(std::wstring(now) + L"\\", before);

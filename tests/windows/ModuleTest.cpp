@@ -31,9 +31,8 @@ std::vector<std::string> ExportedNames(HMODULE module, WORD* machine, WORD* magi
         reinterpret_cast<const IMAGE_EXPORT_DIRECTORY*>(base + dir.VirtualAddress);
     const auto* names = reinterpret_cast<const DWORD*>(base + exports->AddressOfNames);
     std::vector<std::string> result;
-    for (DWORD i = 0; i < exports->NumberOfNames; ++i) {
+    for (DWORD i = 0; i < exports->NumberOfNames; ++i)
         result.push_back(reinterpret_cast<const char*>(base + names[i]));
-    }
     return result;
 }
 
@@ -51,25 +50,23 @@ TEST_F(ModuleTest, ExportTableHoldsExactlyTheTenUndecoratedFunctions) {
 #endif
 
     std::set<std::string> functions;
-    for (const std::string& name : names) {
+    for (const std::string& name : names)
         if (name.rfind("PXColor_", 0) == 0) functions.insert(name);
-    }
     const std::set<std::string> expected = {
         "PXColor_Open",      "PXColor_Close",     "PXColor_ShowWindow",
         "PXColor_GetShow",   "PXColor_SetTitle",  "PXColor_GetGradation",
         "PXColor_GetTile",   "PXColor_GetStripe", "PXColor_GetDensityPattern",
         "PXColor_GetMapping"};
     EXPECT_EQ(functions, expected);
-    for (const std::string& name : expected) {
+    for (const std::string& name : expected)
         EXPECT_NE(GetProcAddress(module, name.c_str()), nullptr) << name;
-    }
     // The dialog class is exported too, with the compiler's C++ names.
     EXPECT_TRUE(std::any_of(names.begin(), names.end(), [](const std::string& n) {
         return n.find("9CDlgColor") != std::string::npos;
     }));
 }
 
-TEST_F(ModuleTest, ShowStateFollowsOpenShowHideAndClose) {
+TEST_F(ModuleTest, ShowStateFollowsOpenShowHideCloseBoxAndClose) {
     EXPECT_EQ(PXColor_GetShow(), -1);
     TestHost host;
     ASSERT_TRUE(PXColor_Open(host.window(), kNotifyMessage));
@@ -85,6 +82,12 @@ TEST_F(ModuleTest, ShowStateFollowsOpenShowHideAndClose) {
 
     PXColor_ShowWindow(SW_HIDE);
     EXPECT_FALSE(IsWindowVisible(dialog));
+    // The close box minimizes and hides; the dialog stays.
+    PXColor_ShowWindow(SW_SHOWNORMAL);
+    SendMessageW(dialog, WM_SYSCOMMAND, SC_CLOSE, 0);
+    PumpMessages();
+    EXPECT_TRUE(IsWindow(dialog) && !IsWindowVisible(dialog));
+    EXPECT_EQ(PXColor_GetShow(), SW_SHOWMINIMIZED);
 
     PXColor_Close();
     EXPECT_EQ(PXColor_GetShow(), -1);
@@ -105,18 +108,6 @@ TEST_F(ModuleTest, TitleReplacesTheCaption) {
     EXPECT_EQ(WindowText(RemoteControl()), L"カラー 2");
 }
 
-TEST_F(ModuleTest, CloseBoxMinimizesAndHides) {
-    TestHost host;
-    ASSERT_TRUE(PXColor_Open(host.window(), kNotifyMessage));
-    PXColor_ShowWindow(SW_SHOWNORMAL);
-    HWND dialog = RemoteControl();
-    SendMessageW(dialog, WM_SYSCOMMAND, SC_CLOSE, 0);
-    PumpMessages();
-    EXPECT_TRUE(IsWindow(dialog));
-    EXPECT_FALSE(IsWindowVisible(dialog));
-    EXPECT_EQ(PXColor_GetShow(), SW_SHOWMINIMIZED);
-}
-
 TEST_F(ModuleTest, SecondOpenLeavesOneDialogThatNotifiesTheSecondHost) {
     TestHost first(kNotifyMessage), second(kNotifyMessage + 1);
     ASSERT_TRUE(PXColor_Open(first.window(), kNotifyMessage));
@@ -132,8 +123,7 @@ TEST_F(ModuleTest, FunctionsWithoutADialogLeaveTheHostsObjectsAlone) {
     KTMapping mapping;
     float x = 1.25f, y = -3.5f;
     PXColor_GetMapping(mapping, x, y);
-    EXPECT_EQ(x, 1.25f);
-    EXPECT_EQ(y, -3.5f);
+    EXPECT_EQ(std::make_pair(x, y), std::make_pair(1.25f, -3.5f));
     EXPECT_EQ(mapping.image, nullptr);
 
     KTEffectGradation gradation;

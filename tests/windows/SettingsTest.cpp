@@ -29,6 +29,13 @@ class SettingsTest : public ::testing::Test {
         EXPECT_TRUE(PXColor_Open(host.window(), kNotifyMessage));
         return RemoteControl();
     }
+    // Opens the dialog shown, at (x, y).
+    HWND OpenAt(int x, int y) {
+        HWND dialog = Open();
+        PXColor_ShowWindow(SW_SHOWNORMAL);
+        SetWindowPos(dialog, nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+        return dialog;
+    }
 
     TestHost host;
 };
@@ -39,6 +46,10 @@ RECT WindowRect(HWND hwnd) {
     return r;
 }
 
+std::pair<int, int> TopLeft(const RECT& r) {
+    return {r.left, r.top};
+}
+
 RECT NormalRect(HWND hwnd) {
     WINDOWPLACEMENT p = {};
     p.length = sizeof p;
@@ -47,64 +58,45 @@ RECT NormalRect(HWND hwnd) {
 }
 
 TEST_F(SettingsTest, PositionAndVisibilitySurviveCloseAndReopen) {
-    HWND dialog = Open();
-    PXColor_ShowWindow(SW_SHOWNORMAL);
-    SetWindowPos(dialog, nullptr, 130, 90, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    OpenAt(130, 90);
     PXColor_Close();
-
     const std::string saved = ReadSettings();
-    EXPECT_NE(saved.find("Top=90"), std::string::npos) << saved;
-    EXPECT_NE(saved.find("Left=130"), std::string::npos) << saved;
-    EXPECT_NE(saved.find("Display=1"), std::string::npos) << saved;
+    for (const char* line : {"Top=90", "Left=130", "Display=1"})
+        EXPECT_NE(saved.find(line), std::string::npos) << saved;
 
-    dialog = Open();
+    HWND dialog = Open();
     EXPECT_TRUE(IsWindowVisible(dialog));
     EXPECT_EQ(PXColor_GetShow(), SW_SHOWNORMAL);
-    EXPECT_EQ(WindowRect(dialog).left, 130);
-    EXPECT_EQ(WindowRect(dialog).top, 90);
+    EXPECT_EQ(TopLeft(WindowRect(dialog)), std::make_pair(130, 90));
 }
 
 TEST_F(SettingsTest, DialogHiddenByTheCloseBoxReopensHiddenAtItsPlace) {
-    HWND dialog = Open();
-    PXColor_ShowWindow(SW_SHOWNORMAL);
-    SetWindowPos(dialog, nullptr, 40, 60, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
-    SendMessageW(dialog, WM_CLOSE, 0, 0);
+    SendMessageW(OpenAt(40, 60), WM_CLOSE, 0, 0);
     PXColor_Close();
     EXPECT_NE(ReadSettings().find("Display=0"), std::string::npos);
 
-    dialog = Open();
+    HWND dialog = Open();
     EXPECT_FALSE(IsWindowVisible(dialog));
     EXPECT_EQ(PXColor_GetShow(), SW_SHOWMINIMIZED);
-    EXPECT_EQ(NormalRect(dialog).left, 40);
-    EXPECT_EQ(NormalRect(dialog).top, 60);
+    EXPECT_EQ(TopLeft(NormalRect(dialog)), std::make_pair(40, 60));
 }
 
 TEST_F(SettingsTest, ReopeningWhileOpenSavesTheOldDialogsPlace) {
-    HWND dialog = Open();
-    PXColor_ShowWindow(SW_SHOWNORMAL);
-    SetWindowPos(dialog, nullptr, 70, 20, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
-    dialog = Open();
-    EXPECT_EQ(WindowRect(dialog).left, 70);
-    EXPECT_EQ(WindowRect(dialog).top, 20);
+    OpenAt(70, 20);
+    EXPECT_EQ(TopLeft(WindowRect(Open())), std::make_pair(70, 20));
 }
 
 TEST_F(SettingsTest, PositionsOffTheScreenComeBackOntoIt) {
-    const int screenW = GetSystemMetrics(SM_CXSCREEN);
-    const int screenH = GetSystemMetrics(SM_CYSCREEN);
-
     WriteSettings("[Window]\r\nTop=40000\r\nLeft=50000\r\nDisplay=1\r\n");
     HWND dialog = Open();
-    RECT r = WindowRect(dialog);
-    EXPECT_EQ(r.right, screenW);
-    EXPECT_EQ(r.bottom, screenH);
+    const RECT r = WindowRect(dialog);
+    EXPECT_EQ(std::make_pair(int(r.right), int(r.bottom)),
+              std::make_pair(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)));
     EXPECT_TRUE(IsWindowVisible(dialog));
     PXColor_Close();
 
     WriteSettings("[Window]\r\nTop=-300\r\nLeft=-20\r\nDisplay=1\r\n");
-    dialog = Open();
-    r = WindowRect(dialog);
-    EXPECT_EQ(r.left, 0);
-    EXPECT_EQ(r.top, 0);
+    EXPECT_EQ(TopLeft(WindowRect(Open())), std::make_pair(0, 0));
 }
 
 // The "ColorSetNNN=..." lines of a settings file, in file order.
@@ -183,9 +175,7 @@ TEST_F(SettingsTest, DamagedFilesOpenWithDefaultsAndKeepTheirReadableSets) {
         ASSERT_NE(dialog, nullptr);
         EXPECT_FALSE(IsWindowVisible(dialog));
         const RECT r = NormalRect(dialog);
-        EXPECT_GE(r.left, 0);
-        EXPECT_GE(r.top, 0);
-        EXPECT_LE(r.right, GetSystemMetrics(SM_CXSCREEN));
+        EXPECT_TRUE(r.left >= 0 && r.top >= 0 && r.right <= GetSystemMetrics(SM_CXSCREEN));
         PXColor_Close();
 
         if (file.damage == kDirectory) {

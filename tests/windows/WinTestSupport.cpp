@@ -230,10 +230,8 @@ void CALLBACK PopupMenuPicker::OnTimer(HWND, UINT, UINT_PTR, DWORD) {
     // Arrow keys skip separators: count only the items that can be chosen.
     int steps = 0;
     for (int i = 0; i < GetMenuItemCount(menu); ++i) {
-        wchar_t text[128] = {};
-        GetMenuStringW(menu, i, text, 128, MF_BYPOSITION);
         const UINT state = GetMenuState(menu, i, MF_BYPOSITION);
-        g_picker->items_.push_back({text, (state & MF_CHECKED) != 0});
+        if (state & MF_CHECKED) g_picker->checked_ = i;
         if (i <= g_picker->position_ && !(state & MF_SEPARATOR)) ++steps;
     }
     for (int i = 0; i < steps; ++i) PostMessageW(menuWindow, WM_KEYDOWN, VK_DOWN, 0);

@@ -85,27 +85,22 @@ class SystemDialogWatcher {
     std::vector<HWND> answered_;
 };
 
-// While alive, answers the first popup menu this thread tracks: records its
-// items and picks the one at `position` (separators count), or -1: none.
+// While alive, answers the first popup menu this thread tracks: notes which
+// item is ticked and picks the one at `position` (separators count), or -1: none.
 class PopupMenuPicker {
   public:
-    struct Item {
-        std::wstring text;
-        bool checked;
-    };
-
     explicit PopupMenuPicker(int position);
     ~PopupMenuPicker();
 
-    const std::vector<Item>& items() const { return items_; }
     bool seen() const { return seen_; }
+    int checked() const { return checked_; }
 
   private:
     static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD);
     int position_;
     UINT_PTR timer_;
     bool seen_ = false;
-    std::vector<Item> items_;
+    int checked_ = -1;
 };
 
 // A watcher action that types the color into the system color chooser.
