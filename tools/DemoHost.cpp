@@ -6,6 +6,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <cwchar>
 #include <string>
 
@@ -152,35 +153,43 @@ LRESULT CALLBACK HostProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam) {
     }
 }
 
-// A 24-bit bottom-up .bmp file of w x h pixels colored by `color(x, y)`.
+// A 24-bit bottom-up packed DIB (header, then rows) of w x h pixels colored
+// by `color(x, y)`, y counted from the top.
 template <typename Color>
-void WriteBitmap(const std::wstring& path, int w, int h, Color color) {
+std::string PackedDib(int w, int h, Color color) {
     const int stride = (w * 3 + 3) / 4 * 4;
-    std::string file(54 + stride * h, '\0');
-    auto put32 = [&file](int at, unsigned v) {
-        for (int i = 0; i < 4; ++i) file[at + i] = static_cast<char>(v >> (8 * i));
-    };
-    file[0] = 'B';
-    file[1] = 'M';
-    put32(2, static_cast<unsigned>(file.size()));
-    put32(10, 54);
-    put32(14, 40);
-    put32(18, w);
-    put32(22, h);
-    file[26] = 1;
-    file[28] = 24;
+    BITMAPINFOHEADER header = {};
+    header.biSize = sizeof header;
+    header.biWidth = w;
+    header.biHeight = h;
+    header.biPlanes = 1;
+    header.biBitCount = 24;
+    std::string dib(sizeof header + stride * h, '\0');
+    std::memcpy(&dib[0], &header, sizeof header);
     for (int y = 0; y < h; ++y) {
         for (int x = 0; x < w; ++x) {
             const COLORREF c = color(x, h - 1 - y);
-            char* p = &file[54 + y * stride + x * 3];
+            char* p = &dib[sizeof header + y * stride + x * 3];
             p[0] = static_cast<char>(GetBValue(c));
             p[1] = static_cast<char>(GetGValue(c));
             p[2] = static_cast<char>(GetRValue(c));
         }
     }
+    return dib;
+}
+
+// The picture as a .bmp file: a file header before the packed DIB.
+template <typename Color>
+void WriteBitmap(const std::wstring& path, int w, int h, Color color) {
+    const std::string dib = PackedDib(w, h, color);
+    BITMAPFILEHEADER header = {};
+    header.bfType = 0x4D42;  // "BM"
+    header.bfSize = static_cast<DWORD>(sizeof header + dib.size());
+    header.bfOffBits = sizeof header + sizeof(BITMAPINFOHEADER);
     FILE* out = _wfopen(path.c_str(), L"wb");
     if (out == nullptr) return;
-    std::fwrite(file.data(), 1, file.size(), out);
+    std::fwrite(&header, sizeof header, 1, out);
+    std::fwrite(dib.data(), 1, dib.size(), out);
     std::fclose(out);
 }
 
@@ -220,25 +229,12 @@ std::wstring OptionValue(const wchar_t* option) {
 
 // Puts a 24-bit picture on the clipboard, as a drawing program's copy would.
 void CopySamplePicture(HWND owner) {
-    const int w = 120, h = 80, stride = (w * 3 + 3) / 4 * 4;
-    HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, sizeof(BITMAPINFOHEADER) + stride * h);
+    const std::string dib = PackedDib(120, 80, [](int x, int y) {
+        return RGB(x * 2, y * 3, 255 - x * 2);
+    });
+    HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, dib.size());
     if (block == nullptr) return;
-    auto* header = static_cast<BITMAPINFOHEADER*>(GlobalLock(block));
-    *header = BITMAPINFOHEADER();
-    header->biSize = sizeof(BITMAPINFOHEADER);
-    header->biWidth = w;
-    header->biHeight = h;
-    header->biPlanes = 1;
-    header->biBitCount = 24;
-    auto* pixels = reinterpret_cast<unsigned char*>(header + 1);
-    for (int y = 0; y < h; ++y) {
-        for (int x = 0; x < w; ++x) {
-            unsigned char* p = pixels + y * stride + x * 3;
-            p[0] = static_cast<unsigned char>(255 - x * 2);
-            p[1] = static_cast<unsigned char>(y * 3);
-            p[2] = static_cast<unsigned char>(x * 2);
-        }
-    }
+    std::memcpy(GlobalLock(block), dib.data(), dib.size());
     GlobalUnlock(block);
     if (OpenClipboard(owner)) {
         EmptyClipboard();
