@@ -3,7 +3,7 @@ find_package(GTest REQUIRED)
 
 file(GLOB NATIVE_TEST_SOURCES ${CMAKE_SOURCE_DIR}/tests/native/*.cpp)
 add_executable(vell_native_tests ${NATIVE_TEST_SOURCES})
-target_link_libraries(vell_native_tests PRIVATE vellcore GTest::gtest GTest::gtest_main)
+target_link_libraries(vell_native_tests PRIVATE vellrender vellcore GTest::gtest GTest::gtest_main)
 target_include_directories(vell_native_tests PRIVATE ${CMAKE_SOURCE_DIR}/tests/native)
 add_test(NAME native_tests COMMAND vell_native_tests)
 set_tests_properties(native_tests PROPERTIES

@@ -148,31 +148,14 @@ void CoverageGrid::ApplyTexture(int texture) {
 }
 
 float CoverageGrid::TextureFactor(int texture, float t, float x, float y) const {
-    if (t > 1.0f) return 0.0f;
-    switch (texture) {
-        case 0: return 1.0f;
-        case 1: {
-            const int ix = std::min(static_cast<int>(x), width_ - 1);
-            const int iy = std::min(static_cast<int>(y), height_ - 1);
-            const float v = std::min(Falloff(t) * NoiseAt(ix, iy) / 255.0f + 0.2f, 1.0f);
-            return v < 0.22f ? 0.0f : v;
-        }
-        case 2: {
-            const float s = MeanNoise(x, y) / 255.0f;
-            const float a = 1.0f - (0.7f * Falloff(t) + 0.3f) * s;
-            return 1.0f - a * a;
-        }
-        case 3: {
-            const float k = (1.0f - 0.1f) / (0.9f * 0.9f);
-            const float u = 1.0f - ((t - 0.9f) * (t - 0.9f) * k + 0.1f);
-            return 1.0f - u * u;
-        }
-        case 4: return 0.65f * t * t + 0.35f;
-        case 5: return t < 0.1f ? 0.0f : 1.0f;
-        case 6: return (t >= 0.3f && t <= 0.4f) ? 0.0f : 1.0f;
-        case 7: return (t > 0.55f && t < 0.85f) ? 0.0f : 1.0f;
-        default: return 1.0f;
+    float noise = 0.0f;
+    if (TextureReadsBoxNoise(texture)) {
+        noise = MeanNoise(x, y);
+    } else if (TextureReadsNoise(texture)) {
+        noise = NoiseAt(std::min(static_cast<int>(x), width_ - 1),
+                        std::min(static_cast<int>(y), height_ - 1));
     }
+    return StripeTextureFactor(texture, t, noise);
 }
 
 void CoverageGrid::WriteGrey(BitmapImage* image) const {
@@ -180,7 +163,7 @@ void CoverageGrid::WriteGrey(BitmapImage* image) const {
         image->GetBytesPerPixel() != 3)
         return;
     for (int y = 0; y < height_; ++y) {
-        unsigned char* row = image->PixelAt(0, height_ - 1 - y);
+        unsigned char* row = image->PixelAt(0, y);
         for (int x = 0; x < width_; ++x) {
             const float coverage = cells_[Index(x, y)].coverage;
             const auto grey =

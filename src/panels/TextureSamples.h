@@ -7,9 +7,9 @@
 #include <cstddef>
 #include <vector>
 
-class BitmapImage;
+#include "params/StripeTexture.h"
 
-const int kTextureCount = 8;
+class BitmapImage;
 
 // Fills a grid's noise map, row by row, with integers 0..255.
 class NoiseSource {
@@ -32,7 +32,8 @@ class GeneratorNoise : public NoiseSource {
     unsigned int seed_ = 0;
 };
 
-// w x h cells; x runs right and y runs down, so row 0 is the picture's top.
+// w x h cells, laid out as the picture's pixels: x runs right and y up, so
+// row 0 is the bottom row and the noise map is filled from the bottom.
 class CoverageGrid {
   public:
     struct Cell {
@@ -52,13 +53,12 @@ class CoverageGrid {
     void DrawSampleBand();
     // Multiplies each covered cell's coverage by the texture's mean factor.
     void ApplyTexture(int texture);
-    // Grey 255 - 255 x coverage; grid row y goes to storage row height - 1 - y,
-    // since the image is a bottom-up DIB. The image must be width x height, 24-bit.
+    // Grey 255 - 255 x coverage of cell (x, y) into pixel (x, y). The image
+    // must be width x height, 24-bit.
     void WriteGrey(BitmapImage* image) const;
 
     // T(i, t, x, y) at the point (x, y) of the grid.
     float TextureFactor(int texture, float t, float x, float y) const;
-    static float Falloff(float t) { return (2.0f * t - 3.0f) * t * t + 1.0f; }
 
     const Cell& CellAt(int x, int y) const { return cells_[Index(x, y)]; }
     int NoiseAt(int x, int y) const { return noise_[Index(x, y)]; }
@@ -74,8 +74,7 @@ class CoverageGrid {
     std::vector<unsigned char> noise_;
 };
 
-// Renders texture 0..7 as a width x height grey 24-bit image, bottom-up:
-// storage row height - 1 is the picture's top, ready for a bottom-up DIB.
+// Renders texture 0..7 as a width x height grey 24-bit image.
 // -4 for a bad texture, a size below 1x1 or no image (the image is then left
 // alone), -2 when memory runs out.
 int RenderTextureSample(int texture, int width, int height, NoiseSource& noise, BitmapImage* image);

@@ -90,9 +90,10 @@ TEST(TextureSamplesTest, BandCentreAndRimSubPoints) {
     const std::vector<int> greys = Render(0, 1, 8, Constant(0));
     EXPECT_EQ(greys[1], static_cast<int>(255 - 255 / 9.0f));
     EXPECT_EQ(greys[6], greys[1]);
-    // The centre line lies at height / 2 in whole pixels: for 5, between rows 1 and 2.
+    // The centre line lies at height / 2 in whole pixels counted from the
+    // bottom row: for 5, between the second and third rows from the bottom.
     const std::vector<int> odd = Render(0, 1, 5, Constant(0));
-    EXPECT_EQ(odd, (std::vector<int>{odd[0], 0, 0, odd[0], 255}));
+    EXPECT_EQ(odd, (std::vector<int>{255, odd[1], 0, 0, odd[1]}));
 }
 
 TEST(TextureSamplesTest, OnlyTexturesOneAndTwoChangeWithTheSeed) {

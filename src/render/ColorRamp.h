@@ -1,0 +1,92 @@
+// The color ramp that every effect running through colors shares: the colors
+// in order over t in [0, 1].
+//
+// | field            | in the ramp                                                        |
+// |------------------|--------------------------------------------------------------------|
+// | colors           | the colors in order; with N colors the run is N flat bands joined   |
+// |                  | by N - 1 blends                                                    |
+// | mix              | share of each step from one color to the next that is a blend:     |
+// |                  | 0 hard bands of equal width (only the plain colors), 1 a blend over |
+// |                  | the whole step (stops at both ends, as a plain gradient); NaN is 0 |
+// | bias             | -5..+5 (clamped): t^(2^(bias / 2.5)) inside each run, so a positive |
+// |                  | bias moves every blend toward the last color's end, a negative one  |
+// |                  | toward the first color's; 0 leaves t alone                          |
+// | hueInterpolation | nonzero: blends go round the hue circle, the shorter way, with     |
+// |                  | lightness and saturation in step (a grey end takes the other's hue) |
+// | repeat           | the run is repeated that many times over t (1..10000)              |
+// | factor           | scales t first; what passes 1 stays at the last color (NaN is 1)   |
+//
+// The ramp is a table of kSize entries per run, so a pixel costs a t and a lookup.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "vellcolor/ColorRGB.h"
+
+namespace vellrender {
+
+struct RampSettings {
+    const ColorRGB* colors = nullptr;
+    int count = 0;
+    float mix = 0.0f;
+    float bias = 0.0f;
+    bool hue = false;
+    int repeat = 1;
+    float factor = 1.0f;
+};
+
+class ColorRamp {
+  public:
+    static const int kSize = 4096;
+    static const int kMaxRepeat = 10000;
+
+    // -2 when the table cannot be had. Fewer than one color gives black and white.
+    int Build(const RampSettings& settings);
+
+    // The table position of t; t outside [0, 1] counts as the nearer end.
+    int Index(float t) const {
+        float u = t * scale_;
+        u = u > 0.0f ? u : 0.0f;  // NaN too
+        u = u < last_ ? u : last_;
+        return static_cast<int>(u) & (kSize - 1);
+    }
+    // The position times `scale_`, for loops that step it themselves.
+    float Scale() const { return scale_; }
+    float Last() const { return last_; }
+
+    // Entry i as blue, green, red and a zero byte (one 32-bit store per pixel).
+    std::uint32_t Packed(int i) const { return packed_[i]; }
+    const std::uint32_t* PackedTable() const { return packed_.data(); }
+    // Entry i's channel c (0 blue, 1 green, 2 red) times 256, for dithering.
+    const std::uint16_t* Fine(int i) const { return &fine_[4 * i]; }
+    ColorRGB At(float t) const;
+
+  private:
+    std::vector<std::uint32_t> packed_;
+    std::vector<std::uint16_t> fine_;
+    float scale_ = 0.0f;  // t to table position across all repeats
+    float last_ = 0.0f;   // the last position of the last run
+};
+
+// Writes ramp entry i to out (blue, green, red); with dithering, the fine
+// value plus a threshold that varies from pixel to pixel is truncated.
+inline void PutRamp(const ColorRamp& ramp, int i, bool dither, int x, int y, unsigned char* out) {
+    if (!dither) {
+        const std::uint32_t v = ramp.Packed(i);
+        out[0] = static_cast<unsigned char>(v);
+        out[1] = static_cast<unsigned char>(v >> 8);
+        out[2] = static_cast<unsigned char>(v >> 16);
+        return;
+    }
+    // Interleaved gradient noise: a threshold pattern without visible structure.
+    const float g = 52.9829189f * (0.06711056f * x + 0.00583715f * y);
+    const unsigned int threshold = static_cast<unsigned int>((g - static_cast<int>(g)) * 256.0f);
+    const std::uint16_t* fine = ramp.Fine(i);
+    for (int c = 0; c < 3; ++c) {
+        const unsigned int v = (fine[c] + threshold) >> 8;
+        out[c] = static_cast<unsigned char>(v > 255 ? 255 : v);
+    }
+}
+
+}  // namespace vellrender

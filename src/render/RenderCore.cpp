@@ -1,0 +1,102 @@
+#include "render/RenderCore.h"
+
+#include <cstdint>
+#include <thread>
+
+namespace vellrender {
+
+Picture Picture::Of(BitmapImage& image) {
+    Picture picture;
+    if (image.GetBytesPerPixel() != 3 || image.pixels == nullptr) return picture;
+    picture.pixels = image.pixels;
+    picture.width = image.width;
+    picture.height = image.height;
+    picture.stride = image.stride;
+    return picture;
+}
+
+Part Part::OfMask(const unsigned char* coverage, int width, int height, int stride) {
+    Part part;
+    part.coverage = coverage;
+    part.stride = stride;
+    if (coverage == nullptr || width <= 0 || height <= 0 || stride < width) return part;
+    int left = width, right = 0, bottom = height, top = 0;
+    for (int y = 0; y < height; ++y) {
+        const unsigned char* row = coverage + static_cast<std::ptrdiff_t>(y) * stride;
+        int x0 = 0, x1 = width;
+        while (x0 < x1 && row[x0] == 0) ++x0;
+        if (x0 == x1) continue;
+        while (row[x1 - 1] == 0) --x1;
+        left = std::min(left, x0);
+        right = std::max(right, x1);
+        bottom = std::min(bottom, y);
+        top = y + 1;
+    }
+    if (right > left) {
+        part.left = left;
+        part.right = right;
+        part.bottom = bottom;
+        part.top = top;
+    }
+    return part;
+}
+
+int CheckTarget(const Picture& picture, const Part& part) {
+    const bool pictureFits = picture.pixels != nullptr && picture.width > 0 &&
+                             picture.height > 0 && picture.width <= (1 << 28) / 3 &&
+                             picture.stride >= 3 * picture.width;
+    if (!pictureFits) return -4;
+    if (part.Empty()) return 0;
+    const bool partFits = part.coverage != nullptr && part.stride >= part.right &&
+                          part.left >= 0 && part.bottom >= 0 && part.right <= picture.width &&
+                          part.top <= picture.height;
+    return partFits ? 0 : -4;
+}
+
+Frame::Frame(const Part& part, float angleDegrees)
+    : cx(0.5f * (part.left + part.right)),
+      cy(0.5f * (part.bottom + part.top)),
+      width(static_cast<float>(part.right - part.left)),
+      height(static_cast<float>(part.top - part.bottom)) {
+    // Whole turns are dropped first so that huge angles keep their precision.
+    const double a = std::fmod(Clamped(angleDegrees, -1e9f, 1e9f, 0.0f), 360.0) *
+                     3.14159265358979323846 / 180.0;
+    cosA = static_cast<float>(std::cos(a));
+    sinA = static_cast<float>(std::sin(a));
+}
+
+int ThreadCount(int requested, int work) {
+    int threads = requested;
+    if (threads <= 0) threads = static_cast<int>(std::thread::hardware_concurrency());
+    return std::max(1, std::min({threads, work, 64}));
+}
+
+void Composite(const unsigned char* src, const unsigned char* coverage, unsigned char* dst,
+               int count) {
+    int x = 0;
+    while (x < count) {
+        // A run of full coverage is copied whole.
+        int run = x;
+        while (run < count && coverage[run] == 255) ++run;
+        if (run > x) {
+            std::memcpy(dst + 3 * x, src + 3 * x, 3 * static_cast<std::size_t>(run - x));
+            x = run;
+            continue;
+        }
+        const unsigned int a = coverage[x];
+        if (a != 0) {
+            for (int c = 0; c < 3; ++c) {
+                unsigned char& d = dst[3 * x + c];
+                d = static_cast<unsigned char>((src[3 * x + c] * a + d * (255 - a) + 127) / 255);
+            }
+        }
+        ++x;
+    }
+}
+
+std::vector<ColorRGB> EffectColors(const ColorRGB* colors, int count) {
+    if (colors == nullptr || count < 1) return {ColorRGB(0, 0, 0), ColorRGB(255, 255, 255)};
+    return std::vector<ColorRGB>(colors, colors + count);
+}
+
+}  // namespace vellrender

@@ -1,0 +1,55 @@
+// A picture and a part to render into, for the renderer's tests.
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "vellcolor/BitmapImage.h"
+#include "vellcolor/VellRender.h"
+
+struct RenderCanvas {
+    BitmapImage image;
+    std::vector<unsigned char> mask;
+    vellrender::Picture picture;
+    vellrender::Part part;
+
+    // A w x h picture of one color (grey 100 unless given), with a part where
+    // `inside(x, y)` gives the coverage; the whole picture by default.
+    RenderCanvas(int w, int h,
+                 std::function<int(int, int)> inside = [](int, int) { return 255; },
+                 ColorRGB fill = ColorRGB(100, 100, 100)) {
+        image.Create(w, h, 3, 0);
+        mask.resize(static_cast<std::size_t>(w) * h);
+        for (int y = 0; y < h; ++y) {
+            for (int x = 0; x < w; ++x) {
+                mask[static_cast<std::size_t>(y) * w + x] = static_cast<unsigned char>(inside(x, y));
+                Set(x, y, fill);
+            }
+        }
+        picture = vellrender::Picture::Of(image);
+        part = vellrender::Part::OfMask(mask.data(), w, h, w);
+    }
+
+    ColorRGB At(int x, int y) const {
+        const unsigned char* p = image.PixelAt(x, y);
+        return ColorRGB(p[2], p[1], p[0]);
+    }
+    void Set(int x, int y, ColorRGB c) {
+        unsigned char* p = image.PixelAt(x, y);
+        p[0] = c.blue;
+        p[1] = c.green;
+        p[2] = c.red;
+    }
+    int Coverage(int x, int y) const { return mask[static_cast<std::size_t>(y) * image.width + x]; }
+    std::vector<unsigned char> Bytes() const {
+        return std::vector<unsigned char>(image.pixels, image.pixels + image.pixelBytes);
+    }
+};
+
+// A disc of radius r about (cx, cy), hard-edged.
+inline std::function<int(int, int)> Disc(float cx, float cy, float r) {
+    return [=](int x, int y) {
+        const float dx = x + 0.5f - cx, dy = y + 0.5f - cy;
+        return dx * dx + dy * dy <= r * r ? 255 : 0;
+    };
+}
