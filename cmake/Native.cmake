@@ -31,4 +31,10 @@ if(VELL_BENCH)
   target_link_libraries(vell_bench PRIVATE vellcore benchmark::benchmark)
   add_executable(vell_texture_bench ${CMAKE_SOURCE_DIR}/bench/TextureBench.cpp)
   target_link_libraries(vell_texture_bench PRIVATE vellcore benchmark::benchmark)
+  # The renderer against cairo and GEGL, which only the benchmark links.
+  find_package(PkgConfig REQUIRED)
+  pkg_check_modules(YARDSTICKS REQUIRED IMPORTED_TARGET cairo gegl-0.4)
+  add_executable(vell_render_bench ${CMAKE_SOURCE_DIR}/bench/RenderBench.cpp)
+  target_link_libraries(vell_render_bench PRIVATE vellrender benchmark::benchmark
+                                                  PkgConfig::YARDSTICKS)
 endif()

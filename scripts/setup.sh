@@ -10,8 +10,9 @@ need_root() {
   fi
 }
 
+# cairo and GEGL are the renderer benchmark's yardsticks, nothing more.
 packages_native=(cmake g++ clang googletest libgtest-dev libbenchmark-dev libstb-dev
-                 libclang-rt-14-dev imagemagick)
+                 libclang-rt-14-dev imagemagick pkg-config libcairo2-dev libgegl-dev)
 packages_windows=(g++-mingw-w64-i686 binutils-mingw-w64-i686 mingw-w64-i686-dev
                   xvfb xauth fonts-ipafont-gothic fonts-wine locales-all)
 

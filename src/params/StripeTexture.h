@@ -6,7 +6,9 @@
 const int kTextureCount = 8;
 
 // The falloff c(t) = 2t^3 - 3t^2 + 1: 1 on the band's centre line, 0 at its edge.
-inline float StripeFalloff(float t) { return (2.0f * t - 3.0f) * t * t + 1.0f; }
+inline float StripeFalloff(float t) {
+    return (2.0f * t - 3.0f) * t * t + 1.0f;
+}
 
 // How much of the band shows at t across it (0 on the centre line, 1 at the
 // edge; beyond 1 nothing shows), for texture 0..7. `noise` (0..255) is the
@@ -15,5 +17,9 @@ inline float StripeFalloff(float t) { return (2.0f * t - 3.0f) * t * t + 1.0f; }
 float StripeTextureFactor(int texture, float t, float noise);
 
 // Texture 2 reads the box mean of the noise; texture 1 the noise itself.
-inline bool TextureReadsBoxNoise(int texture) { return texture == 2; }
-inline bool TextureReadsNoise(int texture) { return texture == 1 || texture == 2; }
+inline bool TextureReadsBoxNoise(int texture) {
+    return texture == 2;
+}
+inline bool TextureReadsNoise(int texture) {
+    return texture == 1 || texture == 2;
+}

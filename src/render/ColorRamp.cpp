@@ -15,7 +15,9 @@ struct Rgb {
     float r, g, b;
 };
 
-Rgb Plain(const ColorRGB& c) { return {float(c.red), float(c.green), float(c.blue)}; }
+Rgb Plain(const ColorRGB& c) {
+    return {float(c.red), float(c.green), float(c.blue)};
+}
 
 Rgb Lerp(const Rgb& a, const Rgb& b, float w) {
     return {a.r + (b.r - a.r) * w, a.g + (b.g - a.g) * w, a.b + (b.b - a.b) * w};
@@ -72,9 +74,8 @@ int ColorRamp::Build(const RampSettings& s) {
         for (int k = 0; k < 3; ++k) {
             const float v = Clamped(channels[k], 0.0f, 255.0f, 0.0f);
             packed |= static_cast<std::uint32_t>(std::lround(v)) << (8 * k);
-            fine_[4 * i + k] = static_cast<std::uint16_t>(std::lround(v * 256.0f) > 65535
-                                                              ? 65535
-                                                              : std::lround(v * 256.0f));
+            fine_[4 * i + k] = static_cast<std::uint16_t>(
+                std::lround(v * 256.0f) > 65535 ? 65535 : std::lround(v * 256.0f));
         }
         packed_[i] = packed;
     }

@@ -60,7 +60,8 @@ inline void PutFloat(const float c[3], bool dither, int x, int y, unsigned char*
         const float g = 52.9829189f * (0.06711056f * x + 0.00583715f * y);
         threshold = g - std::floor(g);
     }
-    for (int k = 0; k < 3; ++k) out[k] = static_cast<unsigned char>(std::min(c[k] + threshold, 255.0f));
+    for (int k = 0; k < 3; ++k)
+        out[k] = static_cast<unsigned char>(std::min(c[k] + threshold, 255.0f));
 }
 
 struct Context {
@@ -79,38 +80,43 @@ int PaintLinear(const Context& c, float dirX, float dirY) {
     const float inv = extent > 0.0f ? 1.0f / extent : 0.0f;
     const ColorRamp& ramp = c.ramp;
     const bool dither = c.options.dither;
-    return PaintRows(c.picture, c.part, c.options.threads, [&](int y, int x0, int x1, unsigned char* out) {
-        const float scale = ramp.Scale(), last = ramp.Last();
-        const float start = (0.5f + ((x0 + 0.5f - f.cx) * dirX + (y + 0.5f - f.cy) * dirY) * inv) * scale;
-        const float step = dirX * inv * scale;
-        const std::uint32_t* table = ramp.PackedTable();
-        const int n = x1 - x0;
-        if (dither) {
+    return PaintRows(
+        c.picture, c.part, c.options.threads, [&](int y, int x0, int x1, unsigned char* out) {
+            const float scale = ramp.Scale(), last = ramp.Last();
+            const float start =
+                (0.5f + ((x0 + 0.5f - f.cx) * dirX + (y + 0.5f - f.cy) * dirY) * inv) * scale;
+            const float step = dirX * inv * scale;
+            const std::uint32_t* table = ramp.PackedTable();
+            const int n = x1 - x0;
+            if (dither) {
+                for (int i = 0; i < n; ++i) {
+                    const float u = std::min(std::max(start + i * step, 0.0f), last);
+                    PutRamp(ramp, static_cast<int>(u) & (ColorRamp::kSize - 1), true, x0 + i, y,
+                            out + 3 * i);
+                }
+                return;
+            }
             for (int i = 0; i < n; ++i) {
                 const float u = std::min(std::max(start + i * step, 0.0f), last);
-                PutRamp(ramp, static_cast<int>(u) & (ColorRamp::kSize - 1), true, x0 + i, y, out + 3 * i);
+                const std::uint32_t v = table[static_cast<int>(u) & (ColorRamp::kSize - 1)];
+                std::memcpy(out + 3 * i, &v, 4);
             }
-            return;
-        }
-        for (int i = 0; i < n; ++i) {
-            const float u = std::min(std::max(start + i * step, 0.0f), last);
-            const std::uint32_t v = table[static_cast<int>(u) & (ColorRamp::kSize - 1)];
-            std::memcpy(out + 3 * i, &v, 4);
-        }
-    });
+        });
 }
 
 // t from a function of the frame's local coordinates.
 template <class TOf>
 int PaintLocal(const Context& c, TOf&& tOf) {
     const Frame& f = c.frame;
-    return PaintRows(c.picture, c.part, c.options.threads, [&](int y, int x0, int x1, unsigned char* out) {
-        for (int x = x0; x < x1; ++x) {
-            float u, v;
-            f.Local(x + 0.5f, y + 0.5f, &u, &v);
-            PutRamp(c.ramp, c.ramp.Index(tOf(u, v)), c.options.dither, x, y, out + 3 * (x - x0));
-        }
-    });
+    return PaintRows(c.picture, c.part, c.options.threads,
+                     [&](int y, int x0, int x1, unsigned char* out) {
+                         for (int x = x0; x < x1; ++x) {
+                             float u, v;
+                             f.Local(x + 0.5f, y + 0.5f, &u, &v);
+                             PutRamp(c.ramp, c.ramp.Index(tOf(u, v)), c.options.dither, x, y,
+                                     out + 3 * (x - x0));
+                         }
+                     });
 }
 
 int PaintCircle(const Context& c) {
@@ -118,21 +124,22 @@ int PaintCircle(const Context& c) {
     const float radius = 0.5f * std::sqrt(f.width * f.width + f.height * f.height);
     const float inv = 1.0f / radius;
     const ColorRamp& ramp = c.ramp;
-    return PaintRows(c.picture, c.part, c.options.threads, [&](int y, int x0, int x1, unsigned char* out) {
-        const float scale = ramp.Scale() * inv, last = ramp.Last();
-        const float dy = y + 0.5f - f.cy, dy2 = dy * dy;
-        const std::uint32_t* table = ramp.PackedTable();
-        for (int x = x0; x < x1; ++x) {
-            const float dx = x + 0.5f - f.cx;
-            const float u = std::min(std::sqrt(dx * dx + dy2) * scale, last);
-            const int i = static_cast<int>(u) & (ColorRamp::kSize - 1);
-            if (c.options.dither) {
-                PutRamp(ramp, i, true, x, y, out + 3 * (x - x0));
-            } else {
-                std::memcpy(out + 3 * (x - x0), &table[i], 4);
-            }
-        }
-    });
+    return PaintRows(c.picture, c.part, c.options.threads,
+                     [&](int y, int x0, int x1, unsigned char* out) {
+                         const float scale = ramp.Scale() * inv, last = ramp.Last();
+                         const float dy = y + 0.5f - f.cy, dy2 = dy * dy;
+                         const std::uint32_t* table = ramp.PackedTable();
+                         for (int x = x0; x < x1; ++x) {
+                             const float dx = x + 0.5f - f.cx;
+                             const float u = std::min(std::sqrt(dx * dx + dy2) * scale, last);
+                             const int i = static_cast<int>(u) & (ColorRamp::kSize - 1);
+                             if (c.options.dither) {
+                                 PutRamp(ramp, i, true, x, y, out + 3 * (x - x0));
+                             } else {
+                                 std::memcpy(out + 3 * (x - x0), &table[i], 4);
+                             }
+                         }
+                     });
 }
 
 // The largest value of `norm` at the box's four corners, in local coordinates.
@@ -153,22 +160,25 @@ int PaintFourCorners(const Context& c, const KTEffectGradation& effect) {
     std::vector<ColorRGB> colors = EffectColors(effect.colors, effect.colorCount);
     while (colors.size() < 4) colors.push_back(colors.back());
     const Frame& f = c.frame;
-    return PaintRows(c.picture, c.part, c.options.threads, [&](int y, int x0, int x1, unsigned char* out) {
-        for (int x = x0; x < x1; ++x) {
-            float u, v;
-            f.Local(x + 0.5f, y + 0.5f, &u, &v);
-            // 0 and 1 at the centres of the corner pixels.
-            const float s = Clamped(0.5f + u / std::max(f.width - 1.0f, 1.0f), 0.0f, 1.0f, 0.0f);
-            const float p = Clamped(0.5f - v / std::max(f.height - 1.0f, 1.0f), 0.0f, 1.0f, 0.0f);
-            const ColorRGB* k = colors.data();
-            const float w[4] = {(1 - s) * (1 - p), s * (1 - p), s * p, (1 - s) * p};
-            const float mixed[3] = {
-                w[0] * k[0].blue + w[1] * k[1].blue + w[2] * k[2].blue + w[3] * k[3].blue,
-                w[0] * k[0].green + w[1] * k[1].green + w[2] * k[2].green + w[3] * k[3].green,
-                w[0] * k[0].red + w[1] * k[1].red + w[2] * k[2].red + w[3] * k[3].red};
-            PutFloat(mixed, c.options.dither, x, y, out + 3 * (x - x0));
-        }
-    });
+    return PaintRows(
+        c.picture, c.part, c.options.threads, [&](int y, int x0, int x1, unsigned char* out) {
+            for (int x = x0; x < x1; ++x) {
+                float u, v;
+                f.Local(x + 0.5f, y + 0.5f, &u, &v);
+                // 0 and 1 at the centres of the corner pixels.
+                const float s =
+                    Clamped(0.5f + u / std::max(f.width - 1.0f, 1.0f), 0.0f, 1.0f, 0.0f);
+                const float p =
+                    Clamped(0.5f - v / std::max(f.height - 1.0f, 1.0f), 0.0f, 1.0f, 0.0f);
+                const ColorRGB* k = colors.data();
+                const float w[4] = {(1 - s) * (1 - p), s * (1 - p), s * p, (1 - s) * p};
+                const float mixed[3] = {
+                    w[0] * k[0].blue + w[1] * k[1].blue + w[2] * k[2].blue + w[3] * k[3].blue,
+                    w[0] * k[0].green + w[1] * k[1].green + w[2] * k[2].green + w[3] * k[3].green,
+                    w[0] * k[0].red + w[1] * k[1].red + w[2] * k[2].red + w[3] * k[3].red};
+                PutFloat(mixed, c.options.dither, x, y, out + 3 * (x - x0));
+            }
+        });
 }
 
 // The types that read the distance to the part's edge.
@@ -193,33 +203,37 @@ int PaintFromOutline(const Context& c, int type, int repeat) {
         lightY = (c.frame.cosA - c.frame.sinA) * 0.70710678f;
     }
     const int terraces = 8 * std::min(repeat, ColorRamp::kMaxRepeat);
-    return PaintRows(c.picture, c.part, c.options.threads, [&](int y, int x0, int x1, unsigned char* out) {
-        const std::uint32_t* row = field.Row(y);
-        for (int x = x0; x < x1; ++x) {
-            float t;
-            if (type == 3 || type == 101) {
-                t = DistanceField::EdgeDistance(row[x - part.left]) * inv;
-                if (type == 101) {
-                    const int level = std::min(static_cast<int>(t * terraces), terraces - 1);
-                    t = terraces > 1 ? level / float(terraces - 1) : 0.0f;
-                }
-            } else {
-                const float gx = 0.5f * (height(x + 1, y) - height(x - 1, y));
-                const float gy = 0.5f * (height(x, y + 1) - height(x, y - 1));
-                if (type == 107) {
-                    const float facing = std::atan2(-gy, -gx) - light;
-                    t = (gx == 0.0f && gy == 0.0f) ? 0.0f : facing / kTwoPi - std::floor(facing / kTwoPi);
-                } else if (type == 108) {
-                    const float laplacian = height(x + 1, y) + height(x - 1, y) + height(x, y + 1) +
-                                            height(x, y - 1) - 4.0f * height(x, y);
-                    t = Clamped(-laplacian, 0.0f, 1.0f, 0.0f);
+    return PaintRows(
+        c.picture, c.part, c.options.threads, [&](int y, int x0, int x1, unsigned char* out) {
+            const std::uint32_t* row = field.Row(y);
+            for (int x = x0; x < x1; ++x) {
+                float t;
+                if (type == 3 || type == 101) {
+                    t = DistanceField::EdgeDistance(row[x - part.left]) * inv;
+                    if (type == 101) {
+                        const int level = std::min(static_cast<int>(t * terraces), terraces - 1);
+                        t = terraces > 1 ? level / float(terraces - 1) : 0.0f;
+                    }
                 } else {
-                    t = 0.5f - 0.5f * (gx * lightX + gy * lightY);
+                    const float gx = 0.5f * (height(x + 1, y) - height(x - 1, y));
+                    const float gy = 0.5f * (height(x, y + 1) - height(x, y - 1));
+                    if (type == 107) {
+                        const float facing = std::atan2(-gy, -gx) - light;
+                        t = (gx == 0.0f && gy == 0.0f)
+                                ? 0.0f
+                                : facing / kTwoPi - std::floor(facing / kTwoPi);
+                    } else if (type == 108) {
+                        const float laplacian = height(x + 1, y) + height(x - 1, y) +
+                                                height(x, y + 1) + height(x, y - 1) -
+                                                4.0f * height(x, y);
+                        t = Clamped(-laplacian, 0.0f, 1.0f, 0.0f);
+                    } else {
+                        t = 0.5f - 0.5f * (gx * lightX + gy * lightY);
+                    }
                 }
+                PutRamp(c.ramp, c.ramp.Index(t), c.options.dither, x, y, out + 3 * (x - x0));
             }
-            PutRamp(c.ramp, c.ramp.Index(t), c.options.dither, x, y, out + 3 * (x - x0));
-        }
-    });
+        });
 }
 
 }  // namespace
@@ -252,13 +266,17 @@ int RenderGradation(const KTEffectGradation& effect, const Picture& picture, con
         case 4: return PaintCircle(c);
         case 5: {
             const float a = 0.5f * f.width, b = 0.5f * f.height;
-            auto norm = [a, b](float u, float v) { return std::sqrt(u * u / (a * a) + v * v / (b * b)); };
+            auto norm = [a, b](float u, float v) {
+                return std::sqrt(u * u / (a * a) + v * v / (b * b));
+            };
             const float inv = 1.0f / CornerMax(f, norm);
             return PaintLocal(c, [&](float u, float v) { return norm(u, v) * inv; });
         }
         case 6: {
             const float a = 0.5f * f.width, b = 0.5f * f.height;
-            auto norm = [a, b](float u, float v) { return std::max(std::fabs(u) / a, std::fabs(v) / b); };
+            auto norm = [a, b](float u, float v) {
+                return std::max(std::fabs(u) / a, std::fabs(v) / b);
+            };
             const float inv = 1.0f / CornerMax(f, norm);
             return PaintLocal(c, [&](float u, float v) { return norm(u, v) * inv; });
         }

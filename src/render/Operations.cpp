@@ -51,10 +51,12 @@ int FillUniform(ColorRGB color, const Picture& picture, const Part& part, const 
 int Invert(const Picture& picture, const Part& part, const Options& options) {
     const int check = CheckTarget(picture, part);
     if (check != 0 || part.Empty()) return check;
-    return PaintRows(picture, part, options.threads, [&](int y, int x0, int x1, unsigned char* out) {
-        const unsigned char* in = PixelAt(picture, x0, y);
-        for (int i = 0; i < 3 * (x1 - x0); ++i) out[i] = static_cast<unsigned char>(255 - in[i]);
-    });
+    return PaintRows(picture, part, options.threads,
+                     [&](int y, int x0, int x1, unsigned char* out) {
+                         const unsigned char* in = PixelAt(picture, x0, y);
+                         for (int i = 0; i < 3 * (x1 - x0); ++i)
+                             out[i] = static_cast<unsigned char>(255 - in[i]);
+                     });
 }
 
 int Blur(float radius, const Picture& picture, const Part& part, const Options& options) {
@@ -72,7 +74,9 @@ int Blur(float radius, const Picture& picture, const Part& part, const Options& 
     } catch (const std::bad_alloc&) {
         return -2;
     }
-    auto at = [&](int x, int y) { return planes.data() + (static_cast<std::size_t>(y) * w + x) * 4; };
+    auto at = [&](int x, int y) {
+        return planes.data() + (static_cast<std::size_t>(y) * w + x) * 4;
+    };
     for (int y = 0; y < h; ++y) {
         const unsigned char* in = PixelAt(picture, part.left, part.bottom + y);
         const unsigned char* coverage = CoverageAt(part, part.left, part.bottom + y);
@@ -100,15 +104,16 @@ int Blur(float radius, const Picture& picture, const Part& part, const Options& 
             BoxPass(at(unit / 4, 0) + unit % 4, h, static_cast<std::ptrdiff_t>(w) * 4, r,
                     lines[worker].data());
     });
-    return PaintRows(picture, part, options.threads, [&](int y, int x0, int x1, unsigned char* out) {
-        for (int x = x0; x < x1; ++x) {
-            const float* p = at(x - part.left, y - part.bottom);
-            for (int c = 0; c < 3; ++c) {
-                const float v = p[3] > 0.0f ? p[c] / p[3] : 0.0f;
-                out[3 * (x - x0) + c] = static_cast<unsigned char>(std::min(v + 0.5f, 255.0f));
+    return PaintRows(
+        picture, part, options.threads, [&](int y, int x0, int x1, unsigned char* out) {
+            for (int x = x0; x < x1; ++x) {
+                const float* p = at(x - part.left, y - part.bottom);
+                for (int c = 0; c < 3; ++c) {
+                    const float v = p[3] > 0.0f ? p[c] / p[3] : 0.0f;
+                    out[3 * (x - x0) + c] = static_cast<unsigned char>(std::min(v + 0.5f, 255.0f));
+                }
             }
-        }
-    });
+        });
 }
 
 int DrawEdge(ColorRGB color, float width, const Picture& picture, const Part& part,
@@ -120,17 +125,18 @@ int DrawEdge(ColorRGB color, float width, const Picture& picture, const Part& pa
     DistanceField field;
     if (field.Compute(part, options.threads) != 0) return -2;
     const unsigned char paint[3] = {color.blue, color.green, color.red};
-    return PaintRows(picture, part, options.threads, [&](int y, int x0, int x1, unsigned char* out) {
-        const unsigned char* in = PixelAt(picture, x0, y);
-        for (int x = x0; x < x1; ++x) {
-            const float d = DistanceField::EdgeDistance(field.Squared(x, y));
-            const float a = Clamped(width + 0.5f - d, 0.0f, 1.0f, 0.0f);
-            for (int c = 0; c < 3; ++c) {
-                const int i = 3 * (x - x0) + c;
-                out[i] = static_cast<unsigned char>(in[i] + (paint[c] - in[i]) * a + 0.5f);
+    return PaintRows(
+        picture, part, options.threads, [&](int y, int x0, int x1, unsigned char* out) {
+            const unsigned char* in = PixelAt(picture, x0, y);
+            for (int x = x0; x < x1; ++x) {
+                const float d = DistanceField::EdgeDistance(field.Squared(x, y));
+                const float a = Clamped(width + 0.5f - d, 0.0f, 1.0f, 0.0f);
+                for (int c = 0; c < 3; ++c) {
+                    const int i = 3 * (x - x0) + c;
+                    out[i] = static_cast<unsigned char>(in[i] + (paint[c] - in[i]) * a + 0.5f);
+                }
             }
-        }
-    });
+        });
 }
 
 }  // namespace vellrender

@@ -42,13 +42,12 @@ Part Part::OfMask(const unsigned char* coverage, int width, int height, int stri
 }
 
 int CheckTarget(const Picture& picture, const Part& part) {
-    const bool pictureFits = picture.pixels != nullptr && picture.width > 0 &&
-                             picture.height > 0 && picture.width <= (1 << 28) / 3 &&
-                             picture.stride >= 3 * picture.width;
+    const bool pictureFits = picture.pixels != nullptr && picture.width > 0 && picture.height > 0 &&
+                             picture.width <= (1 << 28) / 3 && picture.stride >= 3 * picture.width;
     if (!pictureFits) return -4;
     if (part.Empty()) return 0;
-    const bool partFits = part.coverage != nullptr && part.stride >= part.right &&
-                          part.left >= 0 && part.bottom >= 0 && part.right <= picture.width &&
+    const bool partFits = part.coverage != nullptr && part.stride >= part.right && part.left >= 0 &&
+                          part.bottom >= 0 && part.right <= picture.width &&
                           part.top <= picture.height;
     return partFits ? 0 : -4;
 }
@@ -59,8 +58,8 @@ Frame::Frame(const Part& part, float angleDegrees)
       width(static_cast<float>(part.right - part.left)),
       height(static_cast<float>(part.top - part.bottom)) {
     // Whole turns are dropped first so that huge angles keep their precision.
-    const double a = std::fmod(Clamped(angleDegrees, -1e9f, 1e9f, 0.0f), 360.0) *
-                     3.14159265358979323846 / 180.0;
+    const double a =
+        std::fmod(Clamped(angleDegrees, -1e9f, 1e9f, 0.0f), 360.0) * 3.14159265358979323846 / 180.0;
     cosA = static_cast<float>(std::cos(a));
     sinA = static_cast<float>(std::sin(a));
 }
@@ -77,6 +76,8 @@ void Composite(const unsigned char* src, const unsigned char* coverage, unsigned
     while (x < count) {
         // A run of full coverage is copied whole.
         int run = x;
+        std::uint64_t word;
+        while (run + 8 <= count && (std::memcpy(&word, coverage + run, 8), word == ~0ull)) run += 8;
         while (run < count && coverage[run] == 255) ++run;
         if (run > x) {
             std::memcpy(dst + 3 * x, src + 3 * x, 3 * static_cast<std::size_t>(run - x));

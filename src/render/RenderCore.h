@@ -25,9 +25,9 @@ inline float Clamped(float value, float lo, float hi, float fallback) {
 // The part's bounding box as the frame of an effect: its centre, its size and
 // a rotation. Pixel centres sit at half-integers.
 struct Frame {
-    float cx, cy;          // centre
-    float width, height;   // box size
-    float cosA, sinA;      // rotation, counter-clockwise
+    float cx, cy;         // centre
+    float width, height;  // box size
+    float cosA, sinA;     // rotation, counter-clockwise
 
     Frame(const Part& part, float angleDegrees);
     // The point (x, y) of the picture in the rotated frame, origin at the centre.
@@ -54,7 +54,9 @@ inline std::uint32_t Hash(std::uint32_t seed, std::int32_t a, std::int32_t b = 0
     return h;
 }
 // The hash as a real in [0, 1).
-inline float Unit(std::uint32_t h) { return (h >> 8) * (1.0f / 16777216.0f); }
+inline float Unit(std::uint32_t h) {
+    return (h >> 8) * (1.0f / 16777216.0f);
+}
 
 // Threads to use for `work` units of work: `requested`, 0 for one per core,
 // never more than the units or 64.

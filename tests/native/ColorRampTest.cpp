@@ -33,7 +33,9 @@ ColorRamp Build(std::vector<ColorRGB> colors, float mix, float bias = 0, int rep
     return ramp;
 }
 
-int Channel(const ColorRGB& c) { return c.red + c.green + c.blue; }
+int Channel(const ColorRGB& c) {
+    return c.red + c.green + c.blue;
+}
 
 TEST(ColorRampTest, MixZeroGivesEqualBandsOfThePlainColors) {
     const std::vector<ColorRGB> colors = {kRed, ColorRGB(0, 200, 0), kBlue};
@@ -62,7 +64,8 @@ TEST(ColorRampTest, RepeatRunsTheColorsThatManyTimes) {
     for (int repeat : {1, 3, 7}) {
         const std::vector<ColorRGB> sweep = Sweep(Build({kBlack, kWhite}, 0.0f, 0, repeat), 7000);
         int runs = 1;
-        for (std::size_t i = 1; i < sweep.size(); ++i) runs += sweep[i] == kBlack && sweep[i - 1] == kWhite;
+        for (std::size_t i = 1; i < sweep.size(); ++i)
+            runs += sweep[i] == kBlack && sweep[i - 1] == kWhite;
         EXPECT_EQ(runs, repeat);
         EXPECT_EQ(sweep.back(), kWhite);
     }

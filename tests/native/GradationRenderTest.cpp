@@ -71,7 +71,8 @@ TEST(GradationRenderTest, OutlineIsTheExactDistanceToTheEdge) {
     // An L shape with a notch; the brute force distance is taken between pixel
     // centres to the nearest outside pixel, the picture's border included.
     auto inside = [](int x, int y) {
-        const bool l = (x >= 2 && x < 30 && y >= 2 && y < 10) || (x >= 2 && x < 12 && y < 27 && y >= 2);
+        const bool l =
+            (x >= 2 && x < 30 && y >= 2 && y < 10) || (x >= 2 && x < 12 && y < 27 && y >= 2);
         return l && !(x == 20 && y == 5) ? 255 : 0;
     };
     RenderCanvas canvas(32, 28, inside);
@@ -84,7 +85,8 @@ TEST(GradationRenderTest, OutlineIsTheExactDistanceToTheEdge) {
             for (int oy = -1; oy <= 28 && best; ++oy)
                 for (int ox = -1; ox <= 32; ++ox)
                     if (ox < 0 || oy < 0 || ox >= 32 || oy >= 28 || !inside(ox, oy))
-                        best = std::min<std::uint32_t>(best, (ox - x) * (ox - x) + (oy - y) * (oy - y));
+                        best = std::min<std::uint32_t>(best,
+                                                       (ox - x) * (ox - x) + (oy - y) * (oy - y));
             ASSERT_EQ(field.Squared(x, y), best) << x << "," << y;
             deepest = std::max(deepest, DistanceField::EdgeDistance(best));
         }
@@ -133,9 +135,15 @@ TEST(GradationRenderTest, EveryTypePaintsOnlyThePartAndBlendsItsEdge) {
         for (int y = 0; y < 48; ++y) {
             for (int x = 0; x < 64; ++x) {
                 const int a = canvas.Coverage(x, y);
-                const ColorRGB expected(a == 0 ? fill.red : a == 255 ? 255 : 133,
-                                        a == 0 ? fill.green : a == 255 ? 255 : 228,
-                                        a == 0 ? fill.blue : a == 255 ? 255 : 143);
+                const ColorRGB expected(a == 0     ? fill.red
+                                        : a == 255 ? 255
+                                                   : 133,
+                                        a == 0     ? fill.green
+                                        : a == 255 ? 255
+                                                   : 228,
+                                        a == 0     ? fill.blue
+                                        : a == 255 ? 255
+                                                   : 143);
                 ASSERT_EQ(canvas.At(x, y), expected) << type << " at " << x << "," << y;
             }
         }

@@ -15,14 +15,15 @@ struct RenderCanvas {
 
     // A w x h picture of one color (grey 100 unless given), with a part where
     // `inside(x, y)` gives the coverage; the whole picture by default.
-    RenderCanvas(int w, int h,
-                 std::function<int(int, int)> inside = [](int, int) { return 255; },
-                 ColorRGB fill = ColorRGB(100, 100, 100)) {
+    RenderCanvas(
+        int w, int h, std::function<int(int, int)> inside = [](int, int) { return 255; },
+        ColorRGB fill = ColorRGB(100, 100, 100)) {
         image.Create(w, h, 3, 0);
         mask.resize(static_cast<std::size_t>(w) * h);
         for (int y = 0; y < h; ++y) {
             for (int x = 0; x < w; ++x) {
-                mask[static_cast<std::size_t>(y) * w + x] = static_cast<unsigned char>(inside(x, y));
+                mask[static_cast<std::size_t>(y) * w + x] =
+                    static_cast<unsigned char>(inside(x, y));
                 Set(x, y, fill);
             }
         }

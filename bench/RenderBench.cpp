@@ -1,0 +1,274 @@
+// The reference renderer at 4096 x 4096, 24 bits, into a disc-shaped part
+// covering most of the picture, against yardsticks measured in the same
+// run: memset of the same bytes (the floor), cairo's (pixman's) linear and
+// radial gradient fills of the same size, and GEGL's distance transform and
+// pixelize (20 px), all on one thread. Every effect type is timed on one
+// thread; the targeted ones on both cores too. The closing table gives the
+// ratios. Yardsticks only: nothing of cairo or GEGL is in the product.
+#include <benchmark/benchmark.h>
+#include <cairo.h>
+#include <gegl.h>
+
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "RatioReporter.h"
+#include "vellcolor/VellRender.h"
+
+using namespace vellrender;
+
+namespace {
+
+const int kSize = 4096;
+
+struct Scene {
+    BitmapImage image;
+    std::vector<unsigned char> mask;
+    Picture picture;
+    Part part;
+
+    Scene() {
+        image.Create(kSize, kSize, 3, 0);
+        mask.resize(static_cast<std::size_t>(kSize) * kSize);
+        const float c = kSize / 2.0f, r = kSize * 0.48f;
+        for (int y = 0; y < kSize; ++y) {
+            for (int x = 0; x < kSize; ++x) {
+                // One pixel of anti-aliased rim.
+                const float d = r - std::hypot(x + 0.5f - c, y + 0.5f - c);
+                mask[static_cast<std::size_t>(y) * kSize + x] =
+                    static_cast<unsigned char>(255 * std::min(1.0f, std::max(0.0f, d + 0.5f)));
+            }
+        }
+        std::memset(image.pixels, 90, image.pixelBytes);
+        picture = Picture::Of(image);
+        part = Part::OfMask(mask.data(), kSize, kSize, kSize);
+    }
+};
+
+Scene& TheScene() {
+    static Scene scene;
+    return scene;
+}
+
+const ColorRGB kColors[4] = {ColorRGB(230, 40, 40), ColorRGB(40, 200, 90), ColorRGB(40, 60, 230),
+                             ColorRGB(250, 220, 60)};
+
+void Report(benchmark::State& state, int result) {
+    if (result != 0) state.SkipWithError("the renderer refused");
+}
+
+void Gradation(benchmark::State& state, int type, int threads) {
+    KTEffectGradation g;
+    g.SetType(type);
+    g.SetAngle(30);
+    g.SetMix(1.0f);
+    g.SetColors(type == 7 ? 4 : 3, kColors);
+    Options options;
+    options.threads = threads;
+    Scene& s = TheScene();
+    for (auto _ : state) Report(state, RenderGradation(g, s.picture, s.part, options));
+}
+
+void Tile(benchmark::State& state, int shape, int coloring, int threads) {
+    KTEffectTile t;
+    t.SetShape(shape);
+    t.SetTileSize(20.0f, shape == 2 ? 34.64f : shape == 3 ? 23.09f : 20.0f);
+    t.SetSeamWidth(1.0f);
+    t.SetColoring(coloring);
+    t.SetColors(3, kColors);
+    Options options;
+    options.threads = threads;
+    Scene& s = TheScene();
+    for (auto _ : state) Report(state, RenderTile(t, s.picture, s.part, options));
+}
+
+void Stripe(benchmark::State& state, int direction, int texture, int threads) {
+    KTEffectStripe e;
+    e.SetDirection(direction);
+    e.SetTexture(texture);
+    e.SetColors(3, kColors);
+    Options options;
+    options.threads = threads;
+    Scene& s = TheScene();
+    for (auto _ : state) Report(state, RenderStripe(e, s.picture, s.part, options));
+}
+
+void Operation(benchmark::State& state, int which, int threads) {
+    Options options;
+    options.threads = threads;
+    Scene& s = TheScene();
+    for (auto _ : state) {
+        switch (which) {
+            case 0: Report(state, FillUniform(kColors[0], s.picture, s.part, options)); break;
+            case 1: Report(state, Blur(kDefaultBlurRadius, s.picture, s.part, options)); break;
+            case 2: Report(state, Invert(s.picture, s.part, options)); break;
+            default:
+                Report(state, DrawEdge(kColors[0], kDefaultEdgeWidth, s.picture, s.part, options));
+        }
+    }
+}
+
+void Memset(benchmark::State& state) {
+    Scene& s = TheScene();
+    int value = 0;
+    for (auto _ : state) {
+        std::memset(s.image.pixels, ++value, s.image.pixelBytes);
+        benchmark::ClobberMemory();
+    }
+}
+
+void CairoGradient(benchmark::State& state, bool radial) {
+    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, kSize, kSize);
+    cairo_t* cr = cairo_create(surface);
+    const double c = kSize / 2.0, a = 30 * M_PI / 180, reach = kSize * 0.68;
+    cairo_pattern_t* pattern =
+        radial ? cairo_pattern_create_radial(c, c, 0, c, c, kSize * 0.7071)
+               : cairo_pattern_create_linear(c - reach * std::cos(a), c - reach * std::sin(a),
+                                             c + reach * std::cos(a), c + reach * std::sin(a));
+    for (int i = 0; i < 3; ++i)
+        cairo_pattern_add_color_stop_rgb(pattern, i / 2.0, kColors[i].red / 255.0,
+                                         kColors[i].green / 255.0, kColors[i].blue / 255.0);
+    cairo_set_source(cr, pattern);
+    for (auto _ : state) {
+        cairo_paint(cr);
+        cairo_surface_flush(surface);
+    }
+    cairo_pattern_destroy(pattern);
+    cairo_destroy(cr);
+    cairo_surface_destroy(surface);
+}
+
+// One GEGL operation over the whole picture; the graph is made anew each
+// time so that nothing comes from GEGL's cache.
+void GeglOperation(benchmark::State& state, const char* format, const char* operation,
+                   std::function<void(GeglNode*)> configure) {
+    static bool started = false;
+    if (!started) {
+        gegl_init(nullptr, nullptr);
+        g_object_set(gegl_config(), "threads", 1, nullptr);
+        started = true;
+    }
+    const GeglRectangle rect = {0, 0, kSize, kSize};
+    GeglBuffer* input = gegl_buffer_new(&rect, babl_format(format));
+    GeglBuffer* output = gegl_buffer_new(&rect, babl_format(format));
+    Scene& s = TheScene();
+    if (std::strcmp(format, "Y u8") == 0) {
+        gegl_buffer_set(input, &rect, 0, babl_format(format), s.mask.data(), kSize);
+    } else {
+        gegl_buffer_set(input, &rect, 0, babl_format(format), s.image.pixels, s.image.stride);
+    }
+    for (auto _ : state) {
+        GeglNode* graph = gegl_node_new();
+        GeglNode* source =
+            gegl_node_new_child(graph, "operation", "gegl:buffer-source", "buffer", input, nullptr);
+        GeglNode* op = gegl_node_new_child(graph, "operation", operation, nullptr);
+        configure(op);
+        GeglNode* sink =
+            gegl_node_new_child(graph, "operation", "gegl:write-buffer", "buffer", output, nullptr);
+        gegl_node_link_many(source, op, sink, nullptr);
+        gegl_node_process(sink);
+        g_object_unref(graph);
+    }
+    g_object_unref(input);
+    g_object_unref(output);
+}
+
+template <class F>
+void Add(const std::string& name, F f) {
+    benchmark::RegisterBenchmark(name.c_str(), f)->Unit(benchmark::kMillisecond)->UseRealTime();
+}
+
+void RegisterAll() {
+    Add("floor/memset", Memset);
+    Add("yardstick/cairo_linear_30deg", [](benchmark::State& s) { CairoGradient(s, false); });
+    Add("yardstick/cairo_radial", [](benchmark::State& s) { CairoGradient(s, true); });
+    Add("yardstick/gegl_distance_transform", [](benchmark::State& s) {
+        GeglOperation(s, "Y u8", "gegl:distance-transform", [](GeglNode*) {});
+    });
+    Add("yardstick/gegl_pixelize_20", [](benchmark::State& s) {
+        GeglOperation(s, "R'G'B' u8", "gegl:pixelize",
+                      [](GeglNode* op) { gegl_node_set(op, "size-x", 20, "size-y", 20, nullptr); });
+    });
+    for (int threads : {1, 2}) {
+        const std::string t = "/threads:" + std::to_string(threads);
+        for (int type : {0, 1, 3, 4, 5, 6, 7, 8, 101, 104, 105, 106, 107, 108}) {
+            if (threads == 2 && type != 0 && type != 4 && type != 3) continue;
+            Add("gradation/" + std::to_string(type) + t,
+                [=](benchmark::State& s) { Gradation(s, type, threads); });
+        }
+        for (int shape = 0; shape < 4; ++shape) {
+            for (int coloring : {0, 1, 4}) {
+                if (threads == 2 && (shape != 0 || coloring != 4)) continue;
+                Add("tile/shape:" + std::to_string(shape) +
+                        "/coloring:" + std::to_string(coloring) + t,
+                    [=](benchmark::State& s) { Tile(s, shape, coloring, threads); });
+            }
+        }
+        for (int direction = 1; direction <= 6; ++direction) {
+            for (int texture : {0, 2}) {
+                if (threads == 2 && (direction != 1 || texture != 2)) continue;
+                Add("stripe/direction:" + std::to_string(direction) +
+                        "/texture:" + std::to_string(texture) + t,
+                    [=](benchmark::State& s) { Stripe(s, direction, texture, threads); });
+            }
+        }
+        const char* operations[] = {"uniform", "blur", "invert", "edge"};
+        for (int which = 0; which < 4; ++which) {
+            if (threads == 2) continue;
+            Add(std::string("operation/") + operations[which] + t,
+                [=](benchmark::State& s) { Operation(s, which, threads); });
+        }
+    }
+}
+
+struct Target {
+    const char* what;
+    const char* ours;
+    const char* yardstick;
+    double limit;  // ours / yardstick at most (or, for threads, at least)
+    bool atLeast;
+};
+
+const Target kTargets[] = {
+    {"rotated 3-color horizontal vs cairo linear", "gradation/0/threads:1",
+     "yardstick/cairo_linear_30deg", 0.25, false},
+    {"circle vs cairo radial", "gradation/4/threads:1", "yardstick/cairo_radial", 0.25, false},
+    {"outline vs GEGL distance transform", "gradation/3/threads:1",
+     "yardstick/gegl_distance_transform", 0.25, false},
+    {"tile coloring 4 vs GEGL pixelize 20", "tile/shape:0/coloring:4/threads:1",
+     "yardstick/gegl_pixelize_20", 0.25, false},
+    {"stripe texture 2 vs memset", "stripe/direction:1/texture:2/threads:1", "floor/memset", 10.0,
+     false},
+    {"horizontal, 1 thread over 2", "gradation/0/threads:1", "gradation/0/threads:2", 1.7, true},
+    {"circle, 1 thread over 2", "gradation/4/threads:1", "gradation/4/threads:2", 1.7, true},
+    {"outline, 1 thread over 2", "gradation/3/threads:1", "gradation/3/threads:2", 1.7, true},
+    {"tile coloring 4, 1 thread over 2", "tile/shape:0/coloring:4/threads:1",
+     "tile/shape:0/coloring:4/threads:2", 1.7, true},
+    {"stripe texture 2, 1 thread over 2", "stripe/direction:1/texture:2/threads:1",
+     "stripe/direction:1/texture:2/threads:2", 1.7, true},
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    RegisterAll();
+    RatioReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    std::printf("\n%-46s %10s %10s %8s %8s\n", "target", "ours ms", "yard ms", "ratio", "goal");
+    for (const Target& t : kTargets) {
+        // Names as the reporter has them: wall-clock time is measured.
+        const double ours = reporter.Time(std::string(t.ours) + "/real_time");
+        const double yard = reporter.Time(std::string(t.yardstick) + "/real_time");
+        if (ours <= 0 || yard <= 0) continue;
+        const double ratio = ours / yard;
+        const bool met = t.atLeast ? ratio >= t.limit : ratio <= t.limit;
+        std::printf("%-46s %10.1f %10.1f %7.2fx %s%.2fx %s\n", t.what, ours, yard, ratio,
+                    t.atLeast ? ">=" : "<=", t.limit, met ? "met" : "MISSED");
+    }
+    return 0;
+}
