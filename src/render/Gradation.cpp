@@ -31,17 +31,19 @@
 // |      | from the centre to the corners, wrapped into [0, 1)                       |
 // | 101  | contour lines: outline cut into 8 x repeat terraces, each the ramp's      |
 // |      | color at its level, with hard edges                                       |
-// | 104  | slope, horizontal: outline distance as a height lit from the left: a face |
+// | 104  | slope, horizontal: outline distance, smoothed over about 5 px, as a     |
+// |      | height lit from the left: a face                                          |
 // |      | toward the light 1, away 0, edge-on 0.5: t = (1 - grad . L) / 2           |
 // | 105  | slope, vertical: the same lit from the top                                |
 // | 106  | slope: the same lit from the upper left                                   |
 // | 107  | slope round the circumference: the direction a face looks, in turns from  |
 // |      | the light's (the left), so t runs once round every convex outline         |
-// | 108  | change of slope: minus the Laplacian of the height, 0..1: 0 on even       |
+// | 108  | change of slope: minus twice the Laplacian of the height, 0..1: 0 on even |
 // |      | slopes, 1 along the ridges where faces meet (the part's skeleton)         |
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <new>
 
 #include "render/ColorRamp.h"
 #include "render/DistanceField.h"
@@ -188,10 +190,28 @@ int PaintFromOutline(const Context& c, int type, int repeat) {
     const float deepest = DistanceField::EdgeDistance(field.MaxSquared());
     const float inv = deepest > 0.0f ? 1.0f / deepest : 0.0f;
     const Part& part = c.part;
-    // Height at any pixel; outside the box the part is not.
+    // The slopes read a height: the edge distance, smoothed (two box passes
+    // of 5 px each way), so that a pixel-stepped outline gives even faces.
+    // It reaches kPad pixels past the box, where the part is not.
+    const int kPad = 3;
+    const int hw = part.right - part.left + 2 * kPad, hh = part.top - part.bottom + 2 * kPad;
+    std::vector<float> heights;
+    if (type != 3 && type != 101) {
+        try {
+            heights.assign(static_cast<std::size_t>(hw) * hh, 0.0f);
+        } catch (const std::bad_alloc&) {
+            return -2;
+        }
+        for (int y = part.bottom; y < part.top; ++y) {
+            float* row = &heights[static_cast<std::size_t>(y - part.bottom + kPad) * hw + kPad];
+            for (int x = part.left; x < part.right; ++x)
+                row[x - part.left] = DistanceField::EdgeDistance(field.Squared(x, y));
+        }
+        if (BoxBlur(heights.data(), hw, hh, 1, 2, 2, c.options.threads) != 0) return -2;
+    }
     auto height = [&](int x, int y) {
-        if (x < part.left || x >= part.right || y < part.bottom || y >= part.top) return 0.0f;
-        return DistanceField::EdgeDistance(field.Squared(x, y));
+        return heights[static_cast<std::size_t>(y - part.bottom + kPad) * hw + x - part.left +
+                       kPad];
     };
     const float light = std::atan2(-c.frame.sinA, -c.frame.cosA);  // the left, turned
     float lightX = -c.frame.cosA, lightY = -c.frame.sinA;
@@ -226,7 +246,8 @@ int PaintFromOutline(const Context& c, int type, int repeat) {
                         const float laplacian = height(x + 1, y) + height(x - 1, y) +
                                                 height(x, y + 1) + height(x, y - 1) -
                                                 4.0f * height(x, y);
-                        t = Clamped(-laplacian, 0.0f, 1.0f, 0.0f);
+                        // A ridge of the smoothed height bends by about 0.5 per pixel.
+                        t = Clamped(-2.0f * laplacian, 0.0f, 1.0f, 0.0f);
                     } else {
                         t = 0.5f - 0.5f * (gx * lightX + gy * lightY);
                     }

@@ -22,24 +22,6 @@
 
 namespace vellrender {
 
-namespace {
-
-// Running box sums of half-width r over n values `stride` floats apart, in
-// place, with everything beyond the ends 0. `line` is scratch for n values.
-void BoxPass(float* values, int n, std::ptrdiff_t stride, int r, float* line) {
-    for (int i = 0; i < n; ++i) line[i] = values[i * stride];
-    const float scale = 1.0f / (2 * r + 1);
-    float sum = 0.0f;
-    for (int i = 0; i < std::min(r, n); ++i) sum += line[i];
-    for (int i = 0; i < n; ++i) {
-        if (i + r < n) sum += line[i + r];
-        values[i * stride] = sum * scale;
-        if (i - r >= 0) sum -= line[i - r];
-    }
-}
-
-}  // namespace
-
 int FillUniform(ColorRGB color, const Picture& picture, const Part& part, const Options& options) {
     const int check = CheckTarget(picture, part);
     if (check != 0 || part.Empty()) return check;
@@ -87,23 +69,7 @@ int Blur(float radius, const Picture& picture, const Part& part, const Options& 
             p[3] = a;
         }
     }
-    const int threads = ThreadCount(options.threads, std::max(w, h));
-    std::vector<std::vector<float>> lines;
-    try {
-        lines.assign(threads, std::vector<float>(std::max(w, h)));
-    } catch (const std::bad_alloc&) {
-        return -2;
-    }
-    // Rows, then columns; each line is one channel of one row or column.
-    ParallelFor(threads, h * 4, [&](int unit, int worker) {
-        for (int pass = 0; pass < 3; ++pass)
-            BoxPass(at(0, unit / 4) + unit % 4, w, 4, r, lines[worker].data());
-    });
-    ParallelFor(threads, w * 4, [&](int unit, int worker) {
-        for (int pass = 0; pass < 3; ++pass)
-            BoxPass(at(unit / 4, 0) + unit % 4, h, static_cast<std::ptrdiff_t>(w) * 4, r,
-                    lines[worker].data());
-    });
+    if (BoxBlur(planes.data(), w, h, 4, r, 3, options.threads) != 0) return -2;
     return PaintRows(
         picture, part, options.threads, [&](int y, int x0, int x1, unsigned char* out) {
             for (int x = x0; x < x1; ++x) {

@@ -1,6 +1,7 @@
 #include "render/RenderCore.h"
 
 #include <cstdint>
+#include <new>
 #include <thread>
 
 namespace vellrender {
@@ -93,6 +94,58 @@ void Composite(const unsigned char* src, const unsigned char* coverage, unsigned
         }
         ++x;
     }
+}
+
+namespace {
+
+// Running box sums of half-width r over n values `stride` floats apart, in
+// place, with everything beyond the ends 0. `line` is scratch for n values.
+void BoxPass(float* values, int n, std::ptrdiff_t stride, int r, float* line) {
+    for (int i = 0; i < n; ++i) line[i] = values[i * stride];
+    const float scale = 1.0f / (2 * r + 1);
+    float sum = 0.0f;
+    for (int i = 0; i < std::min(r, n); ++i) sum += line[i];
+    for (int i = 0; i < n; ++i) {
+        if (i + r < n) sum += line[i + r];
+        values[i * stride] = sum * scale;
+        if (i - r >= 0) sum -= line[i - r];
+    }
+}
+
+}  // namespace
+
+int BoxBlur(float* values, int w, int h, int planes, int r, int passes, int threads) {
+    // Columns go in strips copied out whole, so that their passes run in cache.
+    const int strip = 16;
+    const int strips = (w + strip - 1) / strip;
+    const std::size_t rowLength = static_cast<std::size_t>(w) * planes;
+    threads = ThreadCount(threads, std::max(h, strips));
+    std::vector<std::vector<float>> scratch;
+    try {
+        scratch.assign(threads,
+                       std::vector<float>(std::max<std::size_t>(
+                           static_cast<std::size_t>(h) * (strip * planes + 1), rowLength)));
+    } catch (const std::bad_alloc&) {
+        return -2;
+    }
+    ParallelFor(threads, h, [&](int y, int worker) {
+        float* row = values + y * rowLength;
+        for (int plane = 0; plane < planes; ++plane)
+            for (int pass = 0; pass < passes; ++pass)
+                BoxPass(row + plane, w, planes, r, scratch[worker].data());
+    });
+    ParallelFor(threads, strips, [&](int index, int worker) {
+        const int x0 = index * strip, columns = std::min(strip, w - x0) * planes;
+        float* block = scratch[worker].data();
+        float* line = block + static_cast<std::size_t>(h) * columns;
+        for (int y = 0; y < h; ++y)
+            std::memcpy(block + y * columns, values + y * rowLength + x0 * planes, columns * 4);
+        for (int column = 0; column < columns; ++column)
+            for (int pass = 0; pass < passes; ++pass) BoxPass(block + column, h, columns, r, line);
+        for (int y = 0; y < h; ++y)
+            std::memcpy(values + y * rowLength + x0 * planes, block + y * columns, columns * 4);
+    });
+    return 0;
 }
 
 std::vector<ColorRGB> EffectColors(const ColorRGB* colors, int count) {

@@ -80,6 +80,11 @@ int PaintRows(const Picture& picture, const Part& part, int threads, Shade&& sha
 void Composite(const unsigned char* src, const unsigned char* coverage, unsigned char* dst,
                int count);
 
+// Blurs a w x h grid of `planes` interleaved floats in place: `passes` box
+// passes of half-width r along the rows, then as many along the columns;
+// beyond the grid counts as 0. -2 when scratch memory cannot be had.
+int BoxBlur(float* values, int w, int h, int planes, int r, int passes, int threads);
+
 inline unsigned char* PixelAt(const Picture& picture, int x, int y) {
     return picture.pixels + static_cast<std::ptrdiff_t>(y) * picture.stride + 3 * x;
 }
