@@ -19,7 +19,9 @@
 // The ramp is a table of kSize entries per run, so a pixel costs a t and a lookup.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <vector>
 
 #include "vellcolor/ColorRGB.h"
@@ -86,6 +88,35 @@ inline void PutRamp(const ColorRamp& ramp, int i, bool dither, int x, int y, uns
     for (int c = 0; c < 3; ++c) {
         const unsigned int v = (fine[c] + threshold) >> 8;
         out[c] = static_cast<unsigned char>(v > 255 ? 255 : v);
+    }
+}
+
+// Writes the ramp's colors of pixels x0 .. x0 + n - 1 of row y, where t(i)
+// is pixel x0 + i's t. The t's go through the table in chunks, each made by
+// a plain loop that the compiler can vectorize.
+template <class T>
+void PutRampRow(const ColorRamp& ramp, bool dither, int x0, int y, int n, unsigned char* out,
+                T&& t) {
+    const int kChunk = 64;
+    float position[kChunk];
+    const float scale = ramp.Scale(), last = ramp.Last();
+    const std::uint32_t* table = ramp.PackedTable();
+    for (int base = 0; base < n; base += kChunk) {
+        const int m = std::min(kChunk, n - base);
+        for (int i = 0; i < m; ++i) {
+            const float u = t(base + i) * scale;
+            const float above = u > 0.0f ? u : 0.0f;  // NaN too
+            position[i] = above < last ? above : last;
+        }
+        unsigned char* o = out + 3 * base;
+        for (int i = 0; i < m; ++i) {
+            const int index = static_cast<int>(position[i]) & (ColorRamp::kSize - 1);
+            if (dither) {
+                PutRamp(ramp, index, true, x0 + base + i, y, o + 3 * i);
+            } else {
+                std::memcpy(o + 3 * i, &table[index], 4);
+            }
+        }
     }
 }
 

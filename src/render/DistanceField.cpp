@@ -9,44 +9,53 @@ namespace vellrender {
 
 namespace {
 
-// Squared distance from x to the parabola of site i with column height g.
-inline std::int64_t Reach(std::int64_t x, std::int64_t i, std::int64_t g) {
-    return (x - i) * (x - i) + g * g;
-}
-
-// The first x at which site u lies nearer than site i (i < u).
-inline std::int64_t Separation(std::int64_t i, std::int64_t u, std::int64_t gi, std::int64_t gu) {
-    const std::int64_t num = u * u - i * i + gu * gu - gi * gi;
-    const std::int64_t den = 2 * (u - i);
-    return num >= 0 ? num / den : -((-num + den - 1) / den);
-}
-
-// One row: g holds the column distances of sites 0..n+1, where sites 0 and
-// n + 1 are the outside pixels beside the box. out[0..n) gets the squared
-// distances of sites 1..n. s and t are scratch of n + 2 entries.
-void RowPass(const std::int64_t* g, int n, std::uint32_t* out, int* s, std::int64_t* t) {
-    const int count = n + 2;
-    int q = 0;
-    s[0] = 0;
-    t[0] = 0;
-    for (int u = 1; u < count; ++u) {
-        while (q >= 0 && Reach(t[q], s[q], g[s[q]]) > Reach(t[q], u, g[u])) --q;
-        if (q < 0) {
-            q = 0;
-            s[0] = u;
-        } else {
-            const std::int64_t w = 1 + Separation(s[q], u, g[s[q]], g[u]);
-            if (w < count) {
-                ++q;
-                s[q] = u;
-                t[q] = w;
-            }
+// One row, as the lower envelope of the parabolas (x - i)^2 + f[i]
+// (Felzenszwalb and Huttenlocher, 2012): h[i] = f[i] + i^2 for sites
+// 0..n+1, where f is the squared column distance and sites 0 and n + 1 are
+// the outside pixels beside the box. out[0..n) gets the squared distances of
+// sites 1..n. Where parabola k starts is kept as the fraction
+// start[k] / span[k] and compared by cross-multiplying, so no division is
+// needed and every comparison is exact. v, start and span are scratch of
+// n + 2 entries.
+void RowPass(const std::int64_t* h, int n, std::uint32_t* out, int* v, std::int64_t* start,
+             std::int64_t* span) {
+    int k = 0;
+    v[0] = 0;
+    for (int q = 1; q <= n + 1; ++q) {
+        std::int64_t num, den;
+        for (;;) {
+            const int p = v[k];
+            num = h[q] - h[p];
+            den = 2 * static_cast<std::int64_t>(q - p);
+            // Parabola q takes over from p at num / den; once that lies at or
+            // before where p itself took over, p is hidden everywhere.
+            if (k == 0 || num * span[k] > start[k] * den) break;
+            --k;
         }
+        ++k;
+        v[k] = q;
+        start[k] = num;
+        span[k] = den;
     }
-    for (int u = count - 1; u >= 0; --u) {
-        if (u >= 1 && u <= n) out[u - 1] = static_cast<std::uint32_t>(Reach(u, s[q], g[s[q]]));
-        if (u == t[q]) --q;
+    const int last = k;
+    k = 0;
+    for (int q = 1; q <= n; ++q) {
+        while (k < last && start[k + 1] < q * span[k + 1]) ++k;
+        const std::int64_t p = v[k];
+        out[q - 1] = static_cast<std::uint32_t>(h[p] - p * p + (q - p) * (q - p));
     }
+}
+
+// Distance up from the nearest outside pixel below: 0 outside, else one
+// more than the pixel below.
+void Upward(const unsigned char* __restrict coverage, const std::uint32_t* __restrict below,
+            std::uint32_t* __restrict row, int n) {
+    for (int x = 0; x < n; ++x) row[x] = coverage[x] >= 128 ? below[x] + 1 : 0;
+}
+
+// The nearer of that and one more than the pixel above.
+void Downward(const std::uint32_t* __restrict above, std::uint32_t* __restrict row, int n) {
+    for (int x = 0; x < n; ++x) row[x] = std::min(row[x], above[x] + 1);
 }
 
 }  // namespace
@@ -64,39 +73,35 @@ int DistanceField::Compute(const Part& part, int threads) {
         return -2;
     }
     // Down the columns, in strips of whole columns: the distance to the
-    // nearest outside pixel above or below, 0 outside.
+    // nearest outside pixel above or below, 0 outside. Beyond the box is
+    // outside: a row of zeros stands below the first row and above the last.
     const int strip = 256;
     const int strips = (width_ + strip - 1) / strip;
+    const std::vector<std::uint32_t> zeros(strip, 0);
     ParallelFor(ThreadCount(threads, strips), strips, [&](int index, int) {
-        const int x0 = index * strip, x1 = std::min(width_, x0 + strip);
-        for (int y = 0; y < height; ++y) {
-            const unsigned char* coverage = CoverageAt(part, part.left, part.bottom + y);
-            std::uint32_t* row = squared_.data() + static_cast<std::size_t>(y) * width_;
-            const std::uint32_t* below = y > 0 ? row - width_ : nullptr;
-            for (int x = x0; x < x1; ++x)
-                row[x] = coverage[x] >= 128 ? (below ? below[x] + 1 : 1) : 0;
-        }
-        // The top row's inside pixels are 1 from the outside above the box.
-        std::uint32_t* top = squared_.data() + static_cast<std::size_t>(height - 1) * width_;
-        for (int x = x0; x < x1; ++x) top[x] = std::min(top[x], 1u);
-        for (int y = height - 2; y >= 0; --y) {
-            std::uint32_t* row = squared_.data() + static_cast<std::size_t>(y) * width_;
-            const std::uint32_t* above = row + width_;
-            for (int x = x0; x < x1; ++x) row[x] = std::min(row[x], above[x] + 1);
-        }
+        const int x0 = index * strip, n = std::min(width_, x0 + strip) - x0;
+        auto row = [&](int y) {
+            return squared_.data() + static_cast<std::size_t>(y) * width_ + x0;
+        };
+        for (int y = 0; y < height; ++y)
+            Upward(CoverageAt(part, part.left + x0, part.bottom + y),
+                   y > 0 ? row(y - 1) : zeros.data(), row(y), n);
+        for (int y = height - 1; y >= 0; --y)
+            Downward(y + 1 < height ? row(y + 1) : zeros.data(), row(y), n);
     });
     // Along the rows, each on its own.
     const int rowsPerUnit = 16;
     const int units = (height + rowsPerUnit - 1) / rowsPerUnit;
     const int workers = ThreadCount(threads, units);
-    std::vector<std::vector<std::int64_t>> g(workers), t(workers);
-    std::vector<std::vector<int>> s(workers);
+    std::vector<std::vector<std::int64_t>> h(workers), start(workers), span(workers);
+    std::vector<std::vector<int>> v(workers);
     std::vector<std::uint32_t> maxima(workers, 0);
     try {
         for (int w = 0; w < workers; ++w) {
-            g[w].assign(width_ + 2, 0);
-            t[w].assign(width_ + 2, 0);
-            s[w].assign(width_ + 2, 0);
+            h[w].assign(width_ + 2, 0);
+            start[w].assign(width_ + 2, 0);
+            span[w].assign(width_ + 2, 0);
+            v[w].assign(width_ + 2, 0);
         }
     } catch (const std::bad_alloc&) {
         squared_.clear();
@@ -104,11 +109,16 @@ int DistanceField::Compute(const Part& part, int threads) {
     }
     ParallelFor(workers, units, [&](int unit, int worker) {
         const int y1 = std::min(height, (unit + 1) * rowsPerUnit);
-        std::int64_t* sites = g[worker].data();
+        std::int64_t* sites = h[worker].data();
+        sites[width_ + 1] = static_cast<std::int64_t>(width_ + 1) * (width_ + 1);
         for (int y = unit * rowsPerUnit; y < y1; ++y) {
             std::uint32_t* row = squared_.data() + static_cast<std::size_t>(y) * width_;
-            for (int x = 0; x < width_; ++x) sites[x + 1] = row[x];
-            RowPass(sites, width_, row, s[worker].data(), t[worker].data());
+            for (int x = 0; x < width_; ++x) {
+                const std::int64_t g = row[x], i = x + 1;
+                sites[i] = g * g + i * i;
+            }
+            RowPass(sites, width_, row, v[worker].data(), start[worker].data(),
+                    span[worker].data());
             for (int x = 0; x < width_; ++x) maxima[worker] = std::max(maxima[worker], row[x]);
         }
     });

@@ -74,35 +74,17 @@ struct Context {
     Frame frame;
 };
 
-// t linear across the row: t = a + b * x at pixel centre x. The hot loop:
-// one multiply-add, a clamp and a table store per pixel.
+// t linear across the row: t = a + b * x at pixel centre x.
 int PaintLinear(const Context& c, float dirX, float dirY) {
     const Frame& f = c.frame;
     const float extent = std::fabs(f.width * dirX) + std::fabs(f.height * dirY);
     const float inv = extent > 0.0f ? 1.0f / extent : 0.0f;
-    const ColorRamp& ramp = c.ramp;
-    const bool dither = c.options.dither;
     return PaintRows(
         c.picture, c.part, c.options.threads, [&](int y, int x0, int x1, unsigned char* out) {
-            const float scale = ramp.Scale(), last = ramp.Last();
-            const float start =
-                (0.5f + ((x0 + 0.5f - f.cx) * dirX + (y + 0.5f - f.cy) * dirY) * inv) * scale;
-            const float step = dirX * inv * scale;
-            const std::uint32_t* table = ramp.PackedTable();
-            const int n = x1 - x0;
-            if (dither) {
-                for (int i = 0; i < n; ++i) {
-                    const float u = std::min(std::max(start + i * step, 0.0f), last);
-                    PutRamp(ramp, static_cast<int>(u) & (ColorRamp::kSize - 1), true, x0 + i, y,
-                            out + 3 * i);
-                }
-                return;
-            }
-            for (int i = 0; i < n; ++i) {
-                const float u = std::min(std::max(start + i * step, 0.0f), last);
-                const std::uint32_t v = table[static_cast<int>(u) & (ColorRamp::kSize - 1)];
-                std::memcpy(out + 3 * i, &v, 4);
-            }
+            const float start = 0.5f + ((x0 + 0.5f - f.cx) * dirX + (y + 0.5f - f.cy) * dirY) * inv;
+            const float step = dirX * inv;
+            PutRampRow(c.ramp, c.options.dither, x0, y, x1 - x0, out,
+                       [=](int i) { return start + i * step; });
         });
 }
 
@@ -112,35 +94,24 @@ int PaintLocal(const Context& c, TOf&& tOf) {
     const Frame& f = c.frame;
     return PaintRows(c.picture, c.part, c.options.threads,
                      [&](int y, int x0, int x1, unsigned char* out) {
-                         for (int x = x0; x < x1; ++x) {
+                         PutRampRow(c.ramp, c.options.dither, x0, y, x1 - x0, out, [&](int i) {
                              float u, v;
-                             f.Local(x + 0.5f, y + 0.5f, &u, &v);
-                             PutRamp(c.ramp, c.ramp.Index(tOf(u, v)), c.options.dither, x, y,
-                                     out + 3 * (x - x0));
-                         }
+                             f.Local(x0 + i + 0.5f, y + 0.5f, &u, &v);
+                             return tOf(u, v);
+                         });
                      });
 }
 
 int PaintCircle(const Context& c) {
     const Frame& f = c.frame;
-    const float radius = 0.5f * std::sqrt(f.width * f.width + f.height * f.height);
-    const float inv = 1.0f / radius;
-    const ColorRamp& ramp = c.ramp;
+    const float inv = 2.0f / std::sqrt(f.width * f.width + f.height * f.height);
     return PaintRows(c.picture, c.part, c.options.threads,
                      [&](int y, int x0, int x1, unsigned char* out) {
-                         const float scale = ramp.Scale() * inv, last = ramp.Last();
-                         const float dy = y + 0.5f - f.cy, dy2 = dy * dy;
-                         const std::uint32_t* table = ramp.PackedTable();
-                         for (int x = x0; x < x1; ++x) {
-                             const float dx = x + 0.5f - f.cx;
-                             const float u = std::min(std::sqrt(dx * dx + dy2) * scale, last);
-                             const int i = static_cast<int>(u) & (ColorRamp::kSize - 1);
-                             if (c.options.dither) {
-                                 PutRamp(ramp, i, true, x, y, out + 3 * (x - x0));
-                             } else {
-                                 std::memcpy(out + 3 * (x - x0), &table[i], 4);
-                             }
-                         }
+                         const float dy = y + 0.5f - f.cy, dy2 = dy * dy, dx0 = x0 + 0.5f - f.cx;
+                         PutRampRow(c.ramp, c.options.dither, x0, y, x1 - x0, out, [=](int i) {
+                             const float dx = dx0 + i;
+                             return std::sqrt(dx * dx + dy2) * inv;
+                         });
                      });
 }
 
@@ -223,6 +194,16 @@ int PaintFromOutline(const Context& c, int type, int repeat) {
         lightY = (c.frame.cosA - c.frame.sinA) * 0.70710678f;
     }
     const int terraces = 8 * std::min(repeat, ColorRamp::kMaxRepeat);
+    if (type == 3) {
+        return PaintRows(c.picture, c.part, c.options.threads,
+                         [&](int y, int x0, int x1, unsigned char* out) {
+                             const std::uint32_t* row = field.Row(y) + x0 - part.left;
+                             PutRampRow(c.ramp, c.options.dither, x0, y, x1 - x0, out, [=](int i) {
+                                 const float d = std::sqrt(static_cast<float>(row[i])) - 0.5f;
+                                 return (d > 0.0f ? d : 0.0f) * inv;
+                             });
+                         });
+    }
     return PaintRows(
         c.picture, c.part, c.options.threads, [&](int y, int x0, int x1, unsigned char* out) {
             const std::uint32_t* row = field.Row(y);
