@@ -40,8 +40,8 @@ struct RampSettings {
 
 class ColorRamp {
   public:
-    static const int kSize = 4096;
-    static const int kMaxRepeat = 10000;
+    static constexpr int kSize = 4096;
+    static constexpr int kMaxRepeat = 10000;
 
     // -2 when the table cannot be had. Fewer than one color gives black and white.
     int Build(const RampSettings& settings);

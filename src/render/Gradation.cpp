@@ -31,14 +31,14 @@
 // |      | from the centre to the corners, wrapped into [0, 1)                       |
 // | 101  | contour lines: outline cut into 8 x repeat terraces, each the ramp's      |
 // |      | color at its level, with hard edges                                       |
-// | 104  | slope, horizontal: outline distance, smoothed over about 5 px, as a     |
+// | 104  | slope, horizontal: outline distance, smoothed over about 7 px, as a     |
 // |      | height lit from the left: a face                                          |
 // |      | toward the light 1, away 0, edge-on 0.5: t = (1 - grad . L) / 2           |
 // | 105  | slope, vertical: the same lit from the top                                |
 // | 106  | slope: the same lit from the upper left                                   |
 // | 107  | slope round the circumference: the direction a face looks, in turns from  |
 // |      | the light's (the left), so t runs once round every convex outline         |
-// | 108  | change of slope: minus twice the Laplacian of the height, 0..1: 0 on even |
+// | 108  | change of slope: -4 x the Laplacian of the height, within 0..1: 0 on even |
 // |      | slopes, 1 along the ridges where faces meet (the part's skeleton)         |
 #include <algorithm>
 #include <cmath>
@@ -161,8 +161,8 @@ int PaintFromOutline(const Context& c, int type, int repeat) {
     const float deepest = DistanceField::EdgeDistance(field.MaxSquared());
     const float inv = deepest > 0.0f ? 1.0f / deepest : 0.0f;
     const Part& part = c.part;
-    // The slopes read a height: the edge distance, smoothed (two box passes
-    // of 5 px each way), so that a pixel-stepped outline gives even faces.
+    // The slopes read a height: the edge distance, smoothed (three box passes
+    // of 7 px each way), so that a pixel-stepped outline gives even faces.
     // It reaches kPad pixels past the box, where the part is not.
     const int kPad = 3;
     const int hw = part.right - part.left + 2 * kPad, hh = part.top - part.bottom + 2 * kPad;
@@ -178,7 +178,7 @@ int PaintFromOutline(const Context& c, int type, int repeat) {
             for (int x = part.left; x < part.right; ++x)
                 row[x - part.left] = DistanceField::EdgeDistance(field.Squared(x, y));
         }
-        if (BoxBlur(heights.data(), hw, hh, 1, 2, 2, c.options.threads) != 0) return -2;
+        if (BoxBlur(heights.data(), hw, hh, 1, 3, 3, c.options.threads) != 0) return -2;
     }
     auto height = [&](int x, int y) {
         return heights[static_cast<std::size_t>(y - part.bottom + kPad) * hw + x - part.left +
@@ -193,7 +193,7 @@ int PaintFromOutline(const Context& c, int type, int repeat) {
         lightX = (-c.frame.cosA - c.frame.sinA) * 0.70710678f;
         lightY = (c.frame.cosA - c.frame.sinA) * 0.70710678f;
     }
-    const int terraces = 8 * std::min(repeat, ColorRamp::kMaxRepeat);
+    const int terraces = 8 * std::max(1, std::min(repeat, ColorRamp::kMaxRepeat));
     if (type == 3) {
         return PaintRows(c.picture, c.part, c.options.threads,
                          [&](int y, int x0, int x1, unsigned char* out) {
@@ -227,8 +227,8 @@ int PaintFromOutline(const Context& c, int type, int repeat) {
                         const float laplacian = height(x + 1, y) + height(x - 1, y) +
                                                 height(x, y + 1) + height(x, y - 1) -
                                                 4.0f * height(x, y);
-                        // A ridge of the smoothed height bends by about 0.5 per pixel.
-                        t = Clamped(-2.0f * laplacian, 0.0f, 1.0f, 0.0f);
+                        // A ridge of the smoothed height bends by about 0.25 per pixel.
+                        t = Clamped(-4.0f * laplacian, 0.0f, 1.0f, 0.0f);
                     } else {
                         t = 0.5f - 0.5f * (gx * lightX + gy * lightY);
                     }

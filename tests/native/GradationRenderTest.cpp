@@ -1,6 +1,5 @@
-// Each gradation type's defining property on a simple part, and what every
-// effect shares: nothing outside the part changes, bad targets are refused,
-// and threads do not change the pixels.
+// Each gradation type's defining property on a simple part; threads and
+// dithering.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -117,54 +116,6 @@ TEST(GradationRenderTest, FourCornersPutsEachColorInItsCorner) {
     EXPECT_EQ(canvas.At(24, 0), colors[2]);   // bottom right
     EXPECT_EQ(canvas.At(0, 0), colors[3]);    // bottom left
     EXPECT_EQ(canvas.At(12, 8), ColorRGB(128, 128, 64));
-}
-
-TEST(GradationRenderTest, EveryTypePaintsOnlyThePartAndBlendsItsEdge) {
-    const ColorRGB fill(10, 200, 30);
-    auto ring = [](int x, int y) {
-        const float r = std::hypot(x + 0.5f - 30, y + 0.5f - 22);
-        return r < 8 || r > 18 ? 0 : (r > 17 ? 128 : 255);
-    };
-    for (int type : {0, 1, 3, 4, 5, 6, 7, 8, 101, 104, 105, 106, 107, 108, 55}) {
-        RenderCanvas canvas(64, 48, ring, fill);
-        KTEffectGradation g;
-        g.SetType(type);
-        g.SetAngle(30);
-        SetColors(g, {kWhite, kWhite});
-        ASSERT_EQ(RenderGradation(g, canvas.picture, canvas.part), 0) << type;
-        for (int y = 0; y < 48; ++y) {
-            for (int x = 0; x < 64; ++x) {
-                const int a = canvas.Coverage(x, y);
-                const ColorRGB expected(a == 0     ? fill.red
-                                        : a == 255 ? 255
-                                                   : 133,
-                                        a == 0     ? fill.green
-                                        : a == 255 ? 255
-                                                   : 228,
-                                        a == 0     ? fill.blue
-                                        : a == 255 ? 255
-                                                   : 143);
-                ASSERT_EQ(canvas.At(x, y), expected) << type << " at " << x << "," << y;
-            }
-        }
-    }
-}
-
-TEST(GradationRenderTest, BadTargetsAreRefusedAndEmptyPartsPaintNothing) {
-    RenderCanvas canvas(8, 8);
-    KTEffectGradation g;
-    Part outside = canvas.part;
-    outside.right = 9;
-    EXPECT_EQ(RenderGradation(g, canvas.picture, outside), -4);
-    EXPECT_EQ(RenderGradation(g, Picture(), canvas.part), -4);
-    Part empty;
-    EXPECT_EQ(RenderGradation(g, canvas.picture, empty), 0);
-    EXPECT_EQ(canvas.At(3, 3), ColorRGB(100, 100, 100));
-    RenderCanvas one(1, 1);
-    for (int type : {0, 3, 7, 8, 104, 108}) {
-        g.SetType(type);
-        EXPECT_EQ(RenderGradation(g, one.picture, one.part), 0);
-    }
 }
 
 TEST(GradationRenderTest, ThreadsAndDitherKeepThePixelsTheyShould) {
