@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Builds and runs the benchmarks (decoding, then the texture samples); each
-# closing table gives the results as ratios against baselines measured in the
-# same run. Then, under Wine in a virtual display, the open latency against
+# Builds and runs the benchmarks (decoding, the texture samples, the
+# renderer); each closing table gives the results as ratios against
+# baselines measured in the same run. Then, under Wine in a virtual display, the open latency against
 # the bare templates (VELL_OPEN_ROUNDS rounds, default 30) and the long soak
 # (1000 open-update-read-close cycles, 10 000 reads of every effect).
 set -euo pipefail
@@ -10,6 +10,7 @@ ensure_tools
 configure_and_build "$build/native" -DVELL_BENCH=ON >/dev/null
 "$build/native/vell_bench" --benchmark_min_time="${VELL_BENCH_MIN_TIME:-1}" "$@"
 "$build/native/vell_texture_bench" --benchmark_min_time="${VELL_BENCH_MIN_TIME:-1}" "$@"
+"$build/native/vell_render_bench" --benchmark_min_time="${VELL_BENCH_MIN_TIME:-1}" "$@"
 
 build_windows >/dev/null
 bin="$windows_build/bin"
