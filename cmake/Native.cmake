@@ -15,9 +15,9 @@ add_executable(vell_make_samples ${CMAKE_SOURCE_DIR}/tests/fuzz/MakeSamples.cpp
 target_include_directories(vell_make_samples PRIVATE ${CMAKE_SOURCE_DIR}/tests/native)
 
 if(VELL_FUZZ)
-  foreach(target dib_reader path_splitter color_set_text)
+  foreach(target dib_reader path_splitter color_set_text render)
     add_executable(fuzz_${target} ${CMAKE_SOURCE_DIR}/tests/fuzz/fuzz_${target}.cpp)
-    target_link_libraries(fuzz_${target} PRIVATE vellcore)
+    target_link_libraries(fuzz_${target} PRIVATE vellrender vellcore)
     target_compile_options(fuzz_${target} PRIVATE -fsanitize=fuzzer)
     target_link_options(fuzz_${target} PRIVATE -fsanitize=fuzzer)
   endforeach()
@@ -38,3 +38,13 @@ if(VELL_BENCH)
   target_link_libraries(vell_render_bench PRIVATE vellrender benchmark::benchmark
                                                   PkgConfig::YARDSTICKS)
 endif()
+
+# vellpaint: one effect of the reference renderer painted onto a sample scene
+# or a user's .bmp, written as a PNG.
+add_executable(vellpaint ${CMAKE_SOURCE_DIR}/tools/vellpaint/VellPaint.cpp
+                         ${CMAKE_SOURCE_DIR}/tools/vellpaint/PaintCanvas.cpp
+                         ${CMAKE_SOURCE_DIR}/tools/vellpaint/PaintSettings.cpp)
+target_include_directories(vellpaint SYSTEM PRIVATE /usr/include/stb)
+target_link_libraries(vellpaint PRIVATE vellrender vellcore)
+add_test(NAME vellpaint_cli
+         COMMAND ${CMAKE_SOURCE_DIR}/tests/tools/vellpaint_test.sh $<TARGET_FILE:vellpaint>)

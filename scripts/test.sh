@@ -23,7 +23,7 @@ step "fuzzing, ${fuzz_seconds}s per target"
 CC=clang CXX=clang++ configure_and_build "$build/fuzz" -DVELL_FUZZ=ON -DVELL_SANITIZE=ON
 corpus="$build/fuzz/corpus"
 "$build/native/vell_make_samples" "$corpus"
-for target in dib_reader path_splitter color_set_text; do
+for target in dib_reader path_splitter color_set_text render; do
   mkdir -p "$build/fuzz/findings/$target"
   "$build/fuzz/fuzz_$target" -max_total_time="$fuzz_seconds" -print_final_stats=1 \
     -artifact_prefix="$build/fuzz/findings/$target/" "$corpus/$target" 2>&1 |

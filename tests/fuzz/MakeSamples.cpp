@@ -1,7 +1,7 @@
 // Writes the fuzzers' seed corpora: packed DIBs of every accepted depth and
 // a few refused ones, as files and clipboard blocks hold them, paths with
 // the splitter's odd cases, and color set values as the settings file holds
-// them, well formed and not.
+// them, well formed and not, and a few starting bytes for the renderer.
 #include <sys/stat.h>
 
 #include <cstdint>
@@ -77,5 +77,10 @@ int main(int argc, char** argv) {
                 "9 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20 21 22 23 24 25 26 27",
                 "2 300 -1 256   7 x 99999999999", "4 10 20", "0 1 2 3", "-2 1 1 1", " 7", "",
                 "+3 0x10 1e3 -0 255\t9 8"});
+    // Any bytes make a renderer input; these start it on a few sizes and effects.
+    std::vector<std::string> renders;
+    for (int i = 0; i < 8; ++i)
+        renders.push_back(std::string(24 + 40 * i, static_cast<char>(37 * i)));
+    WriteTexts(root + "/render", "render", renders);
     return 0;
 }

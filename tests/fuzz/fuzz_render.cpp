@@ -1,0 +1,168 @@
+// libFuzzer target: the reference renderer on small random pictures and parts
+// with every field of its object drawn from the bytes, NaN, infinities, huge,
+// negative and zero values, unknown codes and 0 to 9 colors among them.
+// Whatever it is given, it returns 0 (or -2 without memory) and no byte
+// outside the part changes, row padding included.
+#include <fuzzer/FuzzedDataProvider.h>
+
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <limits>
+#include <vector>
+
+#include "vellcolor/VellRender.h"
+
+using namespace vellrender;
+
+namespace {
+
+float AnyFloat(FuzzedDataProvider& data) {
+    const float inf = std::numeric_limits<float>::infinity();
+    const float specials[] = {std::nanf(""), inf, -inf, 0.0f, -1.0f, 1e30f, -1e30f, 1e-30f};
+    switch (data.ConsumeIntegralInRange(0, 3)) {
+        case 0: return data.PickValueInArray(specials);
+        case 1: return data.ConsumeFloatingPoint<float>();
+        default: return data.ConsumeFloatingPointInRange(-100.0f, 100.0f);
+    }
+}
+
+// One of the known codes, or half the time any integer.
+int AnyCode(FuzzedDataProvider& data, std::initializer_list<const int> known) {
+    if (data.ConsumeBool()) return data.ConsumeIntegral<int>();
+    return data.PickValueInArray(known);
+}
+
+ColorRGB AnyColor(FuzzedDataProvider& data) {
+    const std::uint32_t rgb = data.ConsumeIntegral<std::uint32_t>();
+    return ColorRGB::FromColorRef(rgb);
+}
+
+// 0 to 9 colors in a malloc'd array, as the objects own them; sometimes a
+// count without an array, as a failed SetColors leaves it.
+template <class Effect>
+void SetAnyColors(FuzzedDataProvider& data, Effect& effect) {
+    std::free(effect.colors);
+    effect.colors = nullptr;
+    effect.colorCount = data.ConsumeIntegralInRange(0, 9);
+    if (effect.colorCount == 0 || data.ConsumeIntegralInRange(0, 15) == 0) return;
+    effect.colors = static_cast<ColorRGB*>(std::malloc(sizeof(ColorRGB) * effect.colorCount));
+    for (int i = 0; i < effect.colorCount; ++i) effect.colors[i] = AnyColor(data);
+}
+
+int RenderAnyGradation(FuzzedDataProvider& data, const Picture& p, const Part& part,
+                       const Options& o) {
+    KTEffectGradation g;
+    g.type = AnyCode(data, {0, 1, 3, 4, 5, 6, 7, 8, 101, 104, 105, 106, 107, 108});
+    g.hueInterpolation = data.ConsumeIntegralInRange(-1, 1);
+    g.factor = AnyFloat(data);
+    g.bias = AnyFloat(data);
+    g.angle = AnyFloat(data);
+    g.repeat = data.ConsumeBool() ? data.ConsumeIntegralInRange(1, 8) : data.ConsumeIntegral<int>();
+    g.mix = AnyFloat(data);
+    g.spiralAngle = AnyFloat(data);
+    SetAnyColors(data, g);
+    return RenderGradation(g, p, part, o);
+}
+
+int RenderAnyTile(FuzzedDataProvider& data, const Picture& p, const Part& part, const Options& o) {
+    KTEffectTile t;
+    t.shape = AnyCode(data, {0, 1, 2, 3});
+    t.width = AnyFloat(data);
+    t.height = AnyFloat(data);
+    t.rowShift = AnyFloat(data);
+    t.seamWidth = AnyFloat(data);
+    t.transparentSeam = data.ConsumeIntegralInRange(-1, 1);
+    t.roundCorners = data.ConsumeIntegralInRange(-1, 1);
+    t.cornerCut = AnyFloat(data);
+    t.angle = AnyFloat(data);
+    t.coloring = AnyCode(data, {0, 1, 2, 3, 4});
+    t.seamColor = AnyColor(data);
+    SetAnyColors(data, t);
+    return RenderTile(t, p, part, o);
+}
+
+int RenderAnyStripe(FuzzedDataProvider& data, const Picture& p, const Part& part,
+                    const Options& o) {
+    KTEffectStripe s;
+    s.interval = AnyFloat(data);
+    s.patternWidth = AnyFloat(data);
+    s.direction = AnyCode(data, {1, 2, 3, 4, 5, 6});
+    s.intersectionBrightness = AnyFloat(data);
+    s.texture = AnyCode(data, {0, 1, 2, 3, 4, 5, 6, 7});
+    s.backgroundMode = AnyCode(data, {0, 1});
+    s.backgroundColor = AnyColor(data);
+    SetAnyColors(data, s);
+    return RenderStripe(s, p, part, o);
+}
+
+int RenderAny(FuzzedDataProvider& data, const Picture& p, const Part& part, const Options& o) {
+    switch (data.ConsumeIntegralInRange(0, 6)) {
+        case 0: return RenderAnyGradation(data, p, part, o);
+        case 1: return RenderAnyTile(data, p, part, o);
+        case 2: return RenderAnyStripe(data, p, part, o);
+        case 3: return FillUniform(AnyColor(data), p, part, o);
+        case 4: return Blur(AnyFloat(data), p, part, o);
+        case 5: return Invert(p, part, o);
+        default: {
+            const ColorRGB color = AnyColor(data);
+            return DrawEdge(color, AnyFloat(data), p, part, o);
+        }
+    }
+}
+
+// Coverage of one pixel: empty, full, hashed noise, the fuzzer's own bytes,
+// or a disc about (radius, radius) with an anti-aliased edge.
+unsigned char Coverage(int kind, int x, int y, float radius, FuzzedDataProvider& data) {
+    switch (kind) {
+        case 0: return 0;
+        case 1: return 255;
+        case 2: return static_cast<unsigned char>(std::uint32_t(x + 64 * y) * 2654435761u >> 24);
+        case 3: return data.ConsumeIntegral<unsigned char>();
+        default: {
+            const float d = std::hypot(x + 0.5f - radius, y + 0.5f - radius);
+            return static_cast<unsigned char>(255.0f *
+                                              std::fmin(1.0f, std::fmax(0.0f, radius - d)));
+        }
+    }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+    FuzzedDataProvider data(bytes, size);
+    const int w = data.ConsumeIntegralInRange(1, 48), h = data.ConsumeIntegralInRange(1, 48);
+    const int pictureStride = 3 * w + data.ConsumeIntegralInRange(0, 5);
+    const int maskStride = w + data.ConsumeIntegralInRange(0, 3);
+    std::vector<unsigned char> pixels(static_cast<std::size_t>(pictureStride) * h);
+    for (std::size_t i = 0; i < pixels.size(); ++i) {
+        pixels[i] = static_cast<unsigned char>((i * 2654435761u) >> 13);
+    }
+    std::vector<unsigned char> mask(static_cast<std::size_t>(maskStride) * h, 0);
+    const int kind = data.ConsumeIntegralInRange(0, 4);
+    const float radius = data.ConsumeFloatingPointInRange(0.0f, 30.0f);
+    for (int y = 0; y < h; ++y) {
+        for (int x = 0; x < w; ++x) mask[y * maskStride + x] = Coverage(kind, x, y, radius, data);
+    }
+
+    const Picture picture{pixels.data(), w, h, pictureStride};
+    Part part = Part::OfMask(mask.data(), w, h, maskStride);
+    // A box wider than the coverage is allowed too, even around no coverage
+    // at all: its zero bytes stay outside.
+    if (data.ConsumeBool()) part = Part{mask.data(), maskStride, 0, 0, w, h};
+    Options options;
+    options.seed = data.ConsumeIntegral<std::uint32_t>();
+    options.threads = data.ConsumeIntegralInRange(1, 2);
+    options.dither = data.ConsumeBool();
+
+    const std::vector<unsigned char> before = pixels;
+    const int result = RenderAny(data, picture, part, options);
+    if (result != 0 && result != -2) std::abort();
+    for (std::size_t i = 0; i < pixels.size(); ++i) {
+        const int y = static_cast<int>(i / pictureStride),
+                  x = static_cast<int>(i % pictureStride) / 3;
+        const bool covered = x < w && mask[y * maskStride + x] != 0;
+        if (!covered && pixels[i] != before[i]) std::abort();
+    }
+    return 0;
+}
