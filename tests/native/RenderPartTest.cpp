@@ -22,8 +22,8 @@ struct Painter {
 };
 
 std::vector<Painter> Painters() {
+    static const ColorRGB white[2] = {kWhite, kWhite};
     std::vector<Painter> painters;
-    const ColorRGB white[2] = {kWhite, kWhite};
     for (int type : {0, 1, 3, 4, 5, 6, 7, 8, 101, 104, 105, 106, 107, 108, 55}) {
         painters.push_back({"gradation " + std::to_string(type),
                             [=](const Picture& p, const Part& part) {
@@ -61,17 +61,12 @@ std::vector<Painter> Painters() {
                             },
                             kWhite});
     }
-    painters.push_back({"uniform",
-                        [](const Picture& p, const Part& part) { return FillUniform(kWhite, p, part); },
-                        kWhite});
-    painters.push_back(
-        {"blur", [](const Picture& p, const Part& part) { return Blur(5.0f, p, part); }, kFill});
-    painters.push_back(
-        {"invert", [](const Picture& p, const Part& part) { return Invert(p, part); },
-         ColorRGB(245, 55, 225)});
-    painters.push_back({"edge",
-                        [](const Picture& p, const Part& part) { return DrawEdge(kWhite, 99.0f, p, part); },
-                        kWhite});
+    using P = const Picture&;
+    using A = const Part&;
+    painters.push_back({"uniform", [](P p, A a) { return FillUniform(kWhite, p, a); }, kWhite});
+    painters.push_back({"blur", [](P p, A a) { return Blur(5.0f, p, a); }, kFill});
+    painters.push_back({"invert", [](P p, A a) { return Invert(p, a); }, ColorRGB(245, 55, 225)});
+    painters.push_back({"edge", [](P p, A a) { return DrawEdge(kWhite, 99.0f, p, a); }, kWhite});
     return painters;
 }
 
@@ -87,11 +82,14 @@ TEST(RenderPartTest, EveryEffectPaintsOnlyThePartAndBlendsItsEdge) {
         const ColorRGB e = painter.inside;
         // (e x 128 + fill x 127 + 127) / 255 per channel.
         auto half = [](int e, int f) { return (e * 128 + f * 127 + 127) / 255; };
-        const ColorRGB rim(half(e.red, kFill.red), half(e.green, kFill.green), half(e.blue, kFill.blue));
+        const ColorRGB rim(half(e.red, kFill.red), half(e.green, kFill.green),
+                           half(e.blue, kFill.blue));
         for (int y = 0; y < 48; ++y) {
             for (int x = 0; x < 64; ++x) {
                 const int a = canvas.Coverage(x, y);
-                ASSERT_EQ(canvas.At(x, y), a == 0 ? kFill : a == 255 ? e : rim)
+                ASSERT_EQ(canvas.At(x, y), a == 0     ? kFill
+                                           : a == 255 ? e
+                                                      : rim)
                     << painter.name << " at " << x << "," << y;
             }
         }

@@ -36,22 +36,16 @@ done <<'TABLE'
 -o out.png
 sparkle -o out.png
 gradation
-gradation extra1 extra2 -o out.png
 gradation --bogus 1 -o out.png
 gradation -o
 gradation --set mix=abc -o out.png
-gradation --set mix -o out.png
 gradation --set colour=#ff0000 -o out.png
 gradation --set colors=#ff0000 -o out.png
 gradation --set colors=#ff0000,#00ff00, -o out.png
 tile --set seamColor=red -o out.png
 tile --set coloring=99999999999 -o out.png
-invert --set radius=2 -o out.png
 gradation --size 0x10 -o out.png
 gradation --size 20000x10 -o out.png
-gradation --size 16384x16384 -o out.png
-gradation --size 64 -o out.png
-gradation --seed -1 -o out.png
 gradation --threads 100 -o out.png
 gradation noequals.txt -o out.png
 gradation unknownkey.txt -o out.png
