@@ -209,12 +209,10 @@ int PaintFromOutline(const Context& c, int type, int repeat) {
             const std::uint32_t* row = field.Row(y);
             for (int x = x0; x < x1; ++x) {
                 float t;
-                if (type == 3 || type == 101) {
+                if (type == 101) {
                     t = DistanceField::EdgeDistance(row[x - part.left]) * inv;
-                    if (type == 101) {
-                        const int level = std::min(static_cast<int>(t * terraces), terraces - 1);
-                        t = terraces > 1 ? level / float(terraces - 1) : 0.0f;
-                    }
+                    const int level = std::min(static_cast<int>(t * terraces), terraces - 1);
+                    t = terraces > 1 ? level / float(terraces - 1) : 0.0f;
                 } else {
                     const float gx = 0.5f * (height(x + 1, y) - height(x - 1, y));
                     const float gy = 0.5f * (height(x, y + 1) - height(x, y - 1));
