@@ -443,7 +443,9 @@ int RunLength(const float* value, const float* perRise, int planes, int most) {
         if (value[i] >= 0.0f) return 1;
         run = std::min(run, -value[i] * perRise[i]);
     }
-    return std::max(1, std::min(most, static_cast<int>(std::ceil(std::min(run, 1e9f)))));
+    // Within [0, 1e9] before the cast: absurd sizes can make it anything.
+    return std::max(
+        1, std::min(most, static_cast<int>(std::ceil(std::min(std::max(run, 0.0f), 1e9f)))));
 }
 
 // ---- Which cells the box reaches, for the mosaic's sums ---------------------
