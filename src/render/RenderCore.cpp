@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <new>
 #include <thread>
+#include <type_traits>
 
 namespace vellrender {
 
@@ -98,52 +99,71 @@ void Composite(const unsigned char* src, const unsigned char* coverage, unsigned
 
 namespace {
 
-// Running box sums of half-width r over n values `stride` floats apart, in
-// place, with everything beyond the ends 0. `line` is scratch for n values.
-void BoxPass(float* values, int n, std::ptrdiff_t stride, int r, float* line) {
-    for (int i = 0; i < n; ++i) line[i] = values[i * stride];
+// Box means of half-width r along n elements of `lanes` floats each (element
+// i at in + i x lanes) into out, every lane at once; beyond the ends counts
+// as 0. `sums` is scratch for `lanes` floats. Lanes is an int, or an
+// std::integral_constant for the few planes of a row, whose loops then unroll.
+template <class Lanes>
+void BoxRun(const float* __restrict in, float* __restrict out, int n, Lanes lanes, int r,
+            float* __restrict sums) {
     const float scale = 1.0f / (2 * r + 1);
-    float sum = 0.0f;
-    for (int i = 0; i < std::min(r, n); ++i) sum += line[i];
+    std::fill(sums, sums + lanes, 0.0f);
+    for (int i = 0; i < std::min(r, n); ++i)
+        for (int l = 0; l < lanes; ++l) sums[l] += in[i * lanes + l];
     for (int i = 0; i < n; ++i) {
-        if (i + r < n) sum += line[i + r];
-        values[i * stride] = sum * scale;
-        if (i - r >= 0) sum -= line[i - r];
+        if (i + r < n)
+            for (int l = 0; l < lanes; ++l) sums[l] += in[(i + r) * lanes + l];
+        for (int l = 0; l < lanes; ++l) out[i * lanes + l] = sums[l] * scale;
+        if (i - r >= 0)
+            for (int l = 0; l < lanes; ++l) sums[l] -= in[(i - r) * lanes + l];
     }
 }
 
 }  // namespace
 
 int BoxBlur(float* values, int w, int h, int planes, int r, int passes, int threads) {
-    // Columns go in strips copied out whole, so that their passes run in cache.
+    // Rows one at a time; columns in strips copied out whole, so that their
+    // passes run in cache over every column of the strip at once.
     const int strip = 16;
     const int strips = (w + strip - 1) / strip;
     const std::size_t rowLength = static_cast<std::size_t>(w) * planes;
+    const std::size_t blockLength = static_cast<std::size_t>(h) * strip * planes;
     threads = ThreadCount(threads, std::max(h, strips));
     std::vector<std::vector<float>> scratch;
     try {
         scratch.assign(threads,
-                       std::vector<float>(std::max<std::size_t>(
-                           static_cast<std::size_t>(h) * (strip * planes + 1), rowLength)));
+                       std::vector<float>(2 * std::max(blockLength, rowLength) + strip * planes));
     } catch (const std::bad_alloc&) {
         return -2;
     }
+    // Passes go back and forth between a and b, the last one into b.
+    auto run = [&](float* a, float* b, int n, auto lanes, float* sums) {
+        for (int pass = 0; pass < passes; ++pass) {
+            if (pass > 0) std::swap(a, b);
+            BoxRun(a, b, n, lanes, r, sums);
+        }
+        return b;
+    };
     ParallelFor(threads, h, [&](int y, int worker) {
         float* row = values + y * rowLength;
-        for (int plane = 0; plane < planes; ++plane)
-            for (int pass = 0; pass < passes; ++pass)
-                BoxPass(row + plane, w, planes, r, scratch[worker].data());
+        float* a = scratch[worker].data();
+        float* b = a + rowLength;
+        std::memcpy(a, row, rowLength * 4);
+        float* sums = b + rowLength;
+        const float* done = planes == 1   ? run(a, b, w, std::integral_constant<int, 1>(), sums)
+                            : planes == 4 ? run(a, b, w, std::integral_constant<int, 4>(), sums)
+                                          : run(a, b, w, planes, sums);
+        std::memcpy(row, done, rowLength * 4);
     });
     ParallelFor(threads, strips, [&](int index, int worker) {
-        const int x0 = index * strip, columns = std::min(strip, w - x0) * planes;
-        float* block = scratch[worker].data();
-        float* line = block + static_cast<std::size_t>(h) * columns;
+        const int x0 = index * strip, lanes = std::min(strip, w - x0) * planes;
+        float* a = scratch[worker].data();
+        float* b = a + blockLength;
         for (int y = 0; y < h; ++y)
-            std::memcpy(block + y * columns, values + y * rowLength + x0 * planes, columns * 4);
-        for (int column = 0; column < columns; ++column)
-            for (int pass = 0; pass < passes; ++pass) BoxPass(block + column, h, columns, r, line);
+            std::memcpy(a + y * lanes, values + y * rowLength + x0 * planes, lanes * 4);
+        const float* done = run(a, b, h, lanes, b + blockLength);
         for (int y = 0; y < h; ++y)
-            std::memcpy(values + y * rowLength + x0 * planes, block + y * columns, columns * 4);
+            std::memcpy(values + y * rowLength + x0 * planes, done + y * lanes, lanes * 4);
     });
     return 0;
 }
