@@ -11,7 +11,12 @@
 class RatioReporter : public benchmark::ConsoleReporter {
   public:
     void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& run : runs) times_[run.benchmark_name()] = run.GetAdjustedRealTime();
+        // By full name and by the name as registered, before the settings
+        // (min time, warm-up, real time) that the full name appends.
+        for (const Run& run : runs) {
+            times_[run.benchmark_name()] = run.GetAdjustedRealTime();
+            times_[run.run_name.function_name] = run.GetAdjustedRealTime();
+        }
         ConsoleReporter::ReportRuns(runs);
     }
     double Time(const std::string& name) const {

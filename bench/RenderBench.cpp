@@ -73,11 +73,11 @@ void Gradation(benchmark::State& state, int type, int threads) {
     for (auto _ : state) Report(state, RenderGradation(g, s.picture, s.part, options));
 }
 
-void Tile(benchmark::State& state, int shape, int coloring, int threads) {
+void Tile(benchmark::State& state, int shape, int coloring, float seam, int threads) {
     KTEffectTile t;
     t.SetShape(shape);
     t.SetTileSize(20.0f, shape == 2 ? 34.64f : shape == 3 ? 23.09f : 20.0f);
-    t.SetSeamWidth(1.0f);
+    t.SetSeamWidth(seam);
     t.SetColoring(coloring);
     t.SetColors(3, kColors);
     Options options;
@@ -182,7 +182,11 @@ void GeglOperation(benchmark::State& state, const char* format, const char* oper
 
 template <class F>
 void Add(const std::string& name, F f) {
-    benchmark::RegisterBenchmark(name.c_str(), f)->Unit(benchmark::kMillisecond)->UseRealTime();
+    // A warm-up first: GEGL's first runs are slower than its later ones.
+    benchmark::RegisterBenchmark(name.c_str(), f)
+        ->Unit(benchmark::kMillisecond)
+        ->UseRealTime()
+        ->MinWarmUpTime(0.5);
 }
 
 void RegisterAll() {
@@ -203,12 +207,15 @@ void RegisterAll() {
             Add("gradation/" + std::to_string(type) + t,
                 [=](benchmark::State& s) { Gradation(s, type, threads); });
         }
+        // The mosaic without seams is what pixelize makes; the others have a
+        // seam of 1, as the tile panel starts.
+        Add("tile/mosaic_no_seam" + t, [=](benchmark::State& s) { Tile(s, 0, 4, 0.0f, threads); });
         for (int shape = 0; shape < 4; ++shape) {
             for (int coloring : {0, 1, 4}) {
                 if (threads == 2 && (shape != 0 || coloring != 4)) continue;
                 Add("tile/shape:" + std::to_string(shape) +
                         "/coloring:" + std::to_string(coloring) + t,
-                    [=](benchmark::State& s) { Tile(s, shape, coloring, threads); });
+                    [=](benchmark::State& s) { Tile(s, shape, coloring, 1.0f, threads); });
             }
         }
         for (int direction = 1; direction <= 6; ++direction) {
@@ -242,15 +249,15 @@ const Target kTargets[] = {
     {"circle vs cairo radial", "gradation/4/threads:1", "yardstick/cairo_radial", 0.25, false},
     {"outline vs GEGL distance transform", "gradation/3/threads:1",
      "yardstick/gegl_distance_transform", 0.25, false},
-    {"tile coloring 4 vs GEGL pixelize 20", "tile/shape:0/coloring:4/threads:1",
+    {"mosaic (tile coloring 4, no seam) vs GEGL pixelize 20", "tile/mosaic_no_seam/threads:1",
      "yardstick/gegl_pixelize_20", 0.25, false},
     {"stripe texture 2 vs memset", "stripe/direction:1/texture:2/threads:1", "floor/memset", 10.0,
      false},
     {"horizontal, 1 thread over 2", "gradation/0/threads:1", "gradation/0/threads:2", 1.7, true},
     {"circle, 1 thread over 2", "gradation/4/threads:1", "gradation/4/threads:2", 1.7, true},
     {"outline, 1 thread over 2", "gradation/3/threads:1", "gradation/3/threads:2", 1.7, true},
-    {"tile coloring 4, 1 thread over 2", "tile/shape:0/coloring:4/threads:1",
-     "tile/shape:0/coloring:4/threads:2", 1.7, true},
+    {"mosaic, 1 thread over 2", "tile/mosaic_no_seam/threads:1", "tile/mosaic_no_seam/threads:2",
+     1.7, true},
     {"stripe texture 2, 1 thread over 2", "stripe/direction:1/texture:2/threads:1",
      "stripe/direction:1/texture:2/threads:2", 1.7, true},
 };
@@ -264,9 +271,7 @@ int main(int argc, char** argv) {
     benchmark::RunSpecifiedBenchmarks(&reporter);
     std::printf("\n%-46s %10s %10s %8s %8s\n", "target", "ours ms", "yard ms", "ratio", "goal");
     for (const Target& t : kTargets) {
-        // Names as the reporter has them: wall-clock time is measured.
-        const double ours = reporter.Time(std::string(t.ours) + "/real_time");
-        const double yard = reporter.Time(std::string(t.yardstick) + "/real_time");
+        const double ours = reporter.Time(t.ours), yard = reporter.Time(t.yardstick);
         if (ours <= 0 || yard <= 0) continue;
         const double ratio = ours / yard;
         const bool met = t.atLeast ? ratio >= t.limit : ratio <= t.limit;
