@@ -20,10 +20,12 @@
 #pragma once
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <vector>
 
+#include "render/RenderCore.h"
 #include "vellcolor/ColorRGB.h"
 
 namespace vellrender {
@@ -71,8 +73,15 @@ class ColorRamp {
     float last_ = 0.0f;   // the last position of the last run
 };
 
+// The dithering threshold of pixel (x, y), in [0, 1): interleaved gradient
+// noise, a pattern without visible structure.
+inline float DitherThreshold(int x, int y) {
+    const float g = 52.9829189f * (0.06711056f * x + 0.00583715f * y);
+    return g - std::floor(g);
+}
+
 // Writes ramp entry i to out (blue, green, red); with dithering, the fine
-// value plus a threshold that varies from pixel to pixel is truncated.
+// value plus the pixel's threshold is truncated.
 inline void PutRamp(const ColorRamp& ramp, int i, bool dither, int x, int y, unsigned char* out) {
     if (!dither) {
         const std::uint32_t v = ramp.Packed(i);
@@ -81,9 +90,7 @@ inline void PutRamp(const ColorRamp& ramp, int i, bool dither, int x, int y, uns
         out[2] = static_cast<unsigned char>(v >> 16);
         return;
     }
-    // Interleaved gradient noise: a threshold pattern without visible structure.
-    const float g = 52.9829189f * (0.06711056f * x + 0.00583715f * y);
-    const unsigned int threshold = static_cast<unsigned int>((g - static_cast<int>(g)) * 256.0f);
+    const unsigned int threshold = static_cast<unsigned int>(DitherThreshold(x, y) * 256.0f);
     const std::uint16_t* fine = ramp.Fine(i);
     for (int c = 0; c < 3; ++c) {
         const unsigned int v = (fine[c] + threshold) >> 8;
@@ -114,7 +121,7 @@ void PutRampRow(const ColorRamp& ramp, bool dither, int x0, int y, int n, unsign
             if (dither) {
                 PutRamp(ramp, index, true, x0 + base + i, y, o + 3 * i);
             } else {
-                std::memcpy(o + 3 * i, &table[index], 4);
+                PutPacked(o + 3 * i, table[index]);
             }
         }
     }

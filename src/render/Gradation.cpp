@@ -57,11 +57,7 @@ const float kTwoPi = 6.28318530718f;
 
 // Writes a color given as floats 0..255 (blue, green, red), rounded or dithered.
 inline void PutFloat(const float c[3], bool dither, int x, int y, unsigned char* out) {
-    float threshold = 0.5f;
-    if (dither) {
-        const float g = 52.9829189f * (0.06711056f * x + 0.00583715f * y);
-        threshold = g - std::floor(g);
-    }
+    const float threshold = dither ? DitherThreshold(x, y) : 0.5f;
     for (int k = 0; k < 3; ++k)
         out[k] = static_cast<unsigned char>(std::min(c[k] + threshold, 255.0f));
 }

@@ -26,10 +26,9 @@ namespace vellrender {
 int FillUniform(ColorRGB color, const Picture& picture, const Part& part, const Options& options) {
     const int check = CheckTarget(picture, part);
     if (check != 0 || part.Empty()) return check;
-    // One 32-bit store a pixel; the row buffer has room for the last one's spare byte.
-    const std::uint32_t packed = color.blue | color.green << 8 | color.red << 16;
+    const std::uint32_t packed = Packed(color);
     return PaintRows(picture, part, options.threads, [&](int, int x0, int x1, unsigned char* out) {
-        for (int i = 0; i < x1 - x0; ++i) std::memcpy(out + 3 * i, &packed, 4);
+        for (int i = 0; i < x1 - x0; ++i) PutPacked(out + 3 * i, packed);
     });
 }
 

@@ -96,11 +96,15 @@ inline const unsigned char* CoverageAt(const Part& part, int x, int y) {
 // or a count below 1 gives black and white.
 std::vector<ColorRGB> EffectColors(const ColorRGB* colors, int count);
 
-// Writes a color as blue, green, red.
-inline void Put(unsigned char* out, const ColorRGB& c) {
-    out[0] = c.blue;
-    out[1] = c.green;
-    out[2] = c.red;
+// A color as one 32-bit value: blue, green, red from the low byte, then 0.
+inline std::uint32_t Packed(const ColorRGB& c) {
+    return c.blue | static_cast<std::uint32_t>(c.green) << 8 |
+           static_cast<std::uint32_t>(c.red) << 16;
+}
+// Writes a packed color as one 32-bit store: its fourth byte lands on the
+// next pixel, or on the spare byte that row buffers keep past their end.
+inline void PutPacked(unsigned char* out, std::uint32_t v) {
+    std::memcpy(out, &v, 4);
 }
 
 }  // namespace vellrender

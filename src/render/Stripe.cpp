@@ -244,10 +244,6 @@ inline std::uint32_t Pack(const float c[3]) {
     return Byte(c[0]) | Byte(c[1]) << 8 | Byte(c[2]) << 16;
 }
 
-inline void PutPacked(unsigned char* out, std::uint32_t v) {
-    std::memcpy(out, &v, 4);
-}
-
 // Repeats the first `have` bytes of out until `total` bytes are filled.
 void Repeat(unsigned char* out, std::size_t have, std::size_t total) {
     while (have < total) {

@@ -84,11 +84,6 @@ inline int FloorInt(float v) {
     return i - (static_cast<float>(i) > v);
 }
 
-inline std::uint32_t Pack(const ColorRGB& c) {
-    return c.blue | static_cast<std::uint32_t>(c.green) << 8 |
-           static_cast<std::uint32_t>(c.red) << 16;
-}
-
 struct Vec {
     float x, y;
 };
@@ -563,7 +558,7 @@ std::uint32_t Coloring::Of(int col, int row) const {
         }
         default: {
             const int odd = (shape == kHexagons ? row : col + row) & 1;
-            return Pack(odd ? second : first);
+            return Packed(odd ? second : first);
         }
     }
 }
@@ -690,8 +685,7 @@ void Fill(std::uint32_t c, const unsigned char* own, unsigned char* out, int cou
         std::memcpy(out, own, 3 * static_cast<std::size_t>(count));
         return;
     }
-    for (int k = 0; k < count; ++k)
-        std::memcpy(out + 3 * k, &c, 4);  // the spare byte is the next pixel's
+    for (int k = 0; k < count; ++k) PutPacked(out + 3 * k, c);
 }
 
 // A pixel's cell, its spot there and every plane's value at its centre.
@@ -994,14 +988,14 @@ int RenderTile(const KTEffectTile& effect, const Picture& picture, const Part& p
     const Frame frame(part, effect.angle);
     const Lattice lattice = MakeLattice(shape, w, h, shift);
     const Outline outline = MakeOutline(shape, w, h, seam, effect.roundCorners != 0, cut);
-    const std::uint32_t seamColor = effect.transparentSeam != 0 ? kOwn : Pack(effect.seamColor);
+    const std::uint32_t seamColor = effect.transparentSeam != 0 ? kOwn : Packed(effect.seamColor);
     Coloring coloring;
     coloring.mode = effect.coloring >= 0 && effect.coloring <= 4 ? effect.coloring : 0;
     coloring.shape = shape;
     coloring.seed = options.seed;
     try {
         const std::vector<ColorRGB> colors = EffectColors(effect.colors, effect.colorCount);
-        for (const ColorRGB& c : colors) coloring.packed.push_back(Pack(c));
+        for (const ColorRGB& c : colors) coloring.packed.push_back(Packed(c));
         coloring.first = colors[0];
         coloring.second = colors.size() > 1 ? colors[1] : colors[0];
     } catch (const std::bad_alloc&) {
