@@ -15,9 +15,11 @@
 
 #include "BitmapImage.h"
 #include "ColorRGB.h"
+#include "KTEffectDensityPattern.h"
 #include "KTEffectGradation.h"
 #include "KTEffectStripe.h"
 #include "KTEffectTile.h"
+#include "KTMapping.h"
 
 namespace vellrender {
 
@@ -74,6 +76,15 @@ int RenderTile(const KTEffectTile& effect, const Picture& picture, const Part& p
                const Options& options = Options());
 int RenderStripe(const KTEffectStripe& effect, const Picture& picture, const Part& part,
                  const Options& options = Options());
+// The isoline pattern, laid out from effect.referencePoints points scattered
+// over the part by options.seed (the effect's own generator is not used, so
+// the same seed always gives the same picture).
+int RenderDensityPattern(const KTEffectDensityPattern& effect, const Picture& picture,
+                         const Part& part, const Options& options = Options());
+// The mapping's image placed on the part; `stretch` is the 0..1 factor that
+// PXColor_GetMapping writes into its two floats (both hold the same value).
+int RenderMapping(const KTMapping& mapping, float stretch, const Picture& picture, const Part& part,
+                  const Options& options = Options());
 
 // The four one-shot operations ("uniform_color", "color_bokashi",
 // "reverse_color", "color_edge"). A host takes `color` from the first color

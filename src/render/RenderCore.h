@@ -68,11 +68,12 @@ int ThreadCount(int requested, int work);
 template <class Body>
 void ParallelFor(int threads, int count, Body&& body);
 
-// Row shader: shade(y, x0, x1, out) writes the effect's colors of pixels
-// x0..x1-1 of row y to out[0..3*(x1-x0)) (blue, green, red) and may write
-// one byte past them. The picture still holds its original pixels then.
-// PaintRows composites each row into the picture by the part's coverage.
-// Returns -2 when the row buffers cannot be had.
+// Row shader: shade(y, x0, x1, out), or shade(y, x0, x1, out, worker) with
+// worker in 0 .. RowWorkers(part, threads) - 1 for scratch of its own, writes the effect's colors
+// of pixels x0..x1-1 of row y to out[0..3*(x1-x0)) (blue, green, red) and may write one byte past
+// them. The picture still holds its original pixels then. PaintRows composites each row into the
+// picture by the part's coverage. Returns -2 when the row buffers cannot be had.
+int RowWorkers(const Part& part, int threads);
 template <class Shade>
 int PaintRows(const Picture& picture, const Part& part, int threads, Shade&& shade);
 

@@ -6,6 +6,7 @@
 #include <new>
 #include <system_error>
 #include <thread>
+#include <type_traits>
 
 namespace vellrender {
 
@@ -30,12 +31,17 @@ void ParallelFor(int threads, int count, Body&& body) {
     for (std::thread& t : pool) t.join();
 }
 
+const int kRowsPerUnit = 16;
+
+inline int RowWorkers(const Part& part, int threads) {
+    return ThreadCount(threads, (part.top - part.bottom + kRowsPerUnit - 1) / kRowsPerUnit);
+}
+
 template <class Shade>
 int PaintRows(const Picture& picture, const Part& part, int threads, Shade&& shade) {
-    const int rows = part.top - part.bottom;
-    const int rowsPerUnit = 16;
-    const int units = (rows + rowsPerUnit - 1) / rowsPerUnit;
-    threads = ThreadCount(threads, units);
+    const int rowsPerUnit = kRowsPerUnit;
+    const int units = (part.top - part.bottom + rowsPerUnit - 1) / rowsPerUnit;
+    threads = RowWorkers(part, threads);
     std::vector<std::vector<unsigned char>> buffers;
     try {
         buffers.assign(threads, std::vector<unsigned char>(3 * (part.right - part.left) + 8));
@@ -52,7 +58,11 @@ int PaintRows(const Picture& picture, const Part& part, int threads, Shade&& sha
             while (x0 < x1 && coverage[x0] == 0) ++x0;
             while (x1 > x0 && coverage[x1 - 1] == 0) --x1;
             if (x0 == x1) continue;
-            shade(y, x0, x1, buffer);
+            if constexpr (std::is_invocable_v<Shade, int, int, int, unsigned char*, int>) {
+                shade(y, x0, x1, buffer, worker);
+            } else {
+                shade(y, x0, x1, buffer);
+            }
             Composite(buffer, coverage + x0, PixelAt(picture, x0, y), x1 - x0);
         }
     });

@@ -1,0 +1,169 @@
+// The isoline pattern: nearest points, the periods of its shapes, its images.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <memory>
+#include <set>
+
+#include "RenderCanvas.h"
+#include "render/PointField.h"
+
+using namespace vellrender;
+
+namespace {
+
+const ColorRGB kTwo[2] = {ColorRGB(200, 30, 30), ColorRGB(30, 30, 200)};
+
+struct Pattern : KTEffectDensityPattern {
+    Pattern(int type, int points = 1) {
+        SetPatternType(type);
+        SetReferencePoints(points);
+        SetColors(2, kTwo);
+        SetBorderWidth(0);
+        SetRemoveJaggies(0);
+        SetRadialLines(8);
+        BitmapImage two;  // left half red, right half blue
+        two.Create(16, 16, 3, 0);
+        for (int y = 0; y < 16; ++y)
+            for (int x = 0; x < 16; ++x) two.PixelAt(x, y)[x < 8 ? 2 : 0] = 255;
+        SetImage(two);
+        SetImageSize(40);
+    }
+};
+
+std::unique_ptr<RenderCanvas> Painted(const KTEffectDensityPattern& p, unsigned seed = 3) {
+    auto c = std::make_unique<RenderCanvas>(96, 96);
+    Options o;
+    o.seed = seed;
+    EXPECT_EQ(RenderDensityPattern(p, c->picture, c->part, o), 0);
+    return c;
+}
+
+// The pixel nearest to the site's point plus (a, b) along its turned axes.
+ColorRGB Along(const RenderCanvas& c, const Site& s, float a, float b) {
+    const float x = s.x + s.cosT * a - s.sinT * b, y = s.y + s.sinT * a + s.cosT * b;
+    return c.At(static_cast<int>(std::floor(x)), static_cast<int>(std::floor(y)));
+}
+
+bool Same(ColorRGB a, ColorRGB b) {
+    return a.red == b.red && a.green == b.green && a.blue == b.blue;
+}
+
+}  // namespace
+
+TEST(DensityPatternRenderTest, EveryPixelsNearestPointAgreesWithASearchOfAllPoints) {
+    RenderCanvas c(61, 47);
+    for (int count : {1, 2, 7, 40, 300}) {
+        const std::vector<Site> sites = ScatterSites(c.part, count, count);
+        NearestSites nearest(sites);
+        std::vector<int> row(61);
+        for (int y = 0; y < 47; ++y) {
+            nearest.Row(y, 0, 61, row.data());
+            for (int x = 0; x < 61; ++x) {
+                auto d2 = [&](const Site& s) {
+                    return std::pow(x + 0.5 - s.x, 2) + std::pow(y + 0.5 - s.y, 2);
+                };
+                double best = 1e30;
+                for (const Site& s : sites) best = std::min(best, d2(s));
+                ASSERT_DOUBLE_EQ(d2(sites[row[x]]), best) << count << " at " << x << "," << y;
+            }
+        }
+    }
+}
+
+TEST(DensityPatternRenderTest, RingsRepeatEveryWidthAndRaysCountAroundAPoint) {
+    Pattern rings(2);
+    rings.SetIsolineWidth(7);
+    const auto c = Painted(rings);
+    const Site s = ScatterSites(c->part, 1, 3)[0];
+    const int x0 = static_cast<int>(s.x), y0 = static_cast<int>(s.y);
+    const int dir = x0 < 48 ? 1 : -1;
+    for (int d = 1; d < 40; ++d) {
+        const bool edge = d % 7 == 0;
+        EXPECT_EQ(Same(c->At(x0 + dir * d, y0), c->At(x0 + dir * (d - 1), y0)), !edge) << d;
+    }
+
+    // 32 samples round a circle, none near a ray: one change per ray.
+    const auto r = Painted(Pattern(3));
+    const float radius = std::min({20.0f, s.x - 1, 95 - s.x, s.y - 1, 95 - s.y});
+    ASSERT_GE(radius, 12);
+    int changes = 0;
+    for (int i = 0; i < 32; ++i) {
+        const float t = (i + 0.5f) * 3.14159265f / 16, t1 = t + 3.14159265f / 16;
+        changes += !Same(Along(*r, s, radius * std::cos(t), radius * std::sin(t)),
+                         Along(*r, s, radius * std::cos(t1), radius * std::sin(t1)));
+    }
+    EXPECT_EQ(changes, 8);
+}
+
+TEST(DensityPatternRenderTest, CheckDotsAndBricksRepeatAlongTheRegionsTurn) {
+    // Type, width, three offsets (a, b) of one color a period apart, and one of another.
+    const float cases[][10] = {{5, 10, 0, 0, 20, 0, 0, -20, 10, 0},
+                               {6, 10, 0, 0, 10, 10, -20, 0, 5, 0},
+                               {9, 16, 4, 4, 20, 12, -12, -4, 8, 1}};
+    for (const float* k : cases) {
+        Pattern p(static_cast<int>(k[0]));
+        p.SetIsolineWidth(k[1]);
+        p.SetColors(k[0] == 6 ? 2 : 1, kTwo);  // against the border color, black
+        const auto c = Painted(p);
+        const Site s = ScatterSites(c->part, 1, 3)[0];
+        const ColorRGB first = Along(*c, s, k[2], k[3]);
+        EXPECT_TRUE(Same(first, Along(*c, s, k[4], k[5]))) << k[0];
+        EXPECT_TRUE(Same(first, Along(*c, s, k[6], k[7]))) << k[0];
+        EXPECT_FALSE(Same(first, Along(*c, s, k[8], k[9]))) << k[0];
+    }
+}
+
+TEST(DensityPatternRenderTest, EveryTypeDiffersFromTheOthersAndFromItselfOnAnotherSeed) {
+    std::set<std::vector<unsigned char>> seen;
+    for (int type = 1; type <= 15; ++type) {
+        Pattern p(type, 5);
+        p.SetColors(2, kTwo);
+        p.SetBorderWidth(0.2f);
+        const std::vector<unsigned char> one = Painted(p, 1)->Bytes();
+        EXPECT_TRUE(seen.insert(one).second) << type;
+        EXPECT_NE(one, Painted(p, 2)->Bytes()) << type;
+    }
+}
+
+TEST(DensityPatternRenderTest, ImageTypesShowOnlyTheImagesColorsAndTheKaleidoscopeIsSymmetric) {
+    for (int type : {13, 14, 15}) {
+        const auto c = Painted(Pattern(type));
+        for (int y = 0; y < 96; ++y) {
+            for (int x = 0; x < 96; ++x) {
+                // Red and blue and their blends only, whatever the sampling.
+                const ColorRGB v = c->At(x, y);
+                ASSERT_EQ(v.green, 0) << type;
+                ASSERT_NEAR(v.red + v.blue, 255, 1) << type;
+            }
+        }
+    }
+    const auto k = Painted(Pattern(15));
+    const Site s = ScatterSites(k->part, 1, 3)[0];
+    const int row = static_cast<int>(s.y);
+    for (int d = 1; row - d >= 0 && row + d < 96; ++d)
+        for (int x = 0; x < 96; ++x) ASSERT_TRUE(Same(k->At(x, row + d), k->At(x, row - d))) << d;
+}
+
+TEST(DensityPatternRenderTest, ValuesOutOfRangePaintWithinThePart) {
+    Pattern p(2);
+    p.referencePoints = 0;
+    p.isolineWidth = NAN;
+    p.radialLines = -5;
+    RenderCanvas c(20, 20, Disc(10, 10, 6));
+    const std::vector<unsigned char> before = c.Bytes();
+    for (int type : {0, 2, 3, 12, 13, 16}) {
+        p.patternType = type;
+        if (type == 13) {
+            BitmapImage::Delete(p.image);
+            p.image = nullptr;
+        }
+        EXPECT_EQ(RenderDensityPattern(p, c.picture, c.part), 0);
+        for (int y = 0; y < 20; ++y)
+            for (int x = 0; x < 20; ++x)
+                if (c.Coverage(x, y) == 0) {
+                    ASSERT_TRUE(Same(c.At(x, y), ColorRGB(100, 100, 100)));
+                }
+    }
+    EXPECT_NE(c.Bytes(), before);
+}

@@ -1,0 +1,94 @@
+// The mapping's copies: exact, tiled, mirrored, fitted, averaged; bad values.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "RenderCanvas.h"
+
+using namespace vellrender;
+
+namespace {
+
+const ColorRGB kGrey(100, 100, 100);
+
+// Red names the image column, green the row.
+const auto kCoded = [](int x, int y) { return ColorRGB(30 * x, 40 * y, 9); };
+
+void SetImage(KTMapping& m, int w, int h, std::function<ColorRGB(int, int)> color) {
+    RenderCanvas image(w, h);
+    for (int i = 0; i < w * h; ++i) image.Set(i % w, i / w, color(i % w, i / w));
+    m.SetImage(image.image);
+}
+
+TEST(MappingRenderTest, FullScaleShowsTheImagesPixelsTiledMirroredOrAlone) {
+    KTMapping m;
+    SetImage(m, 7, 5, kCoded);
+    for (int mode = 0; mode < 3; ++mode) {  // tiled, tiled mirrored, alone
+        m.SetRepeat(mode < 2);
+        m.SetSeamless(mode == 1);
+        RenderCanvas canvas(30, 20);
+        ASSERT_EQ(RenderMapping(m, 0.0f, canvas.picture, canvas.part), 0);
+        int painted = 0;
+        for (int i = 0; i < 30 * 20; ++i) {
+            const int x = i % 30;
+            const ColorRGB c = canvas.At(x, i / 30), next = canvas.At(std::min(x + 1, 29), i / 30);
+            if (c == kGrey) continue;
+            ++painted;
+            EXPECT_TRUE(c.blue == 9 && c.red % 30 == 0 && c.green % 40 == 0) << i;
+            const int a = c.red / 30, b = next.red / 30;
+            if (x == 29 || next == kGrey) continue;
+            const bool joined = mode == 0   ? b == (a + 1) % 7
+                                : mode == 1 ? std::abs(b - a) == 1 || (a == b && a % 6 == 0)
+                                            : b == a + 1;
+            EXPECT_TRUE(joined) << mode << ": " << a << " then " << b;
+        }
+        EXPECT_EQ(painted, mode == 2 ? 35 : 600);
+        EXPECT_TRUE(canvas.At(12, 10) != kGrey && canvas.At(17, 10) != kGrey);  // centred
+    }
+}
+
+TEST(MappingRenderTest, FitWholeMapsTheImagesCornersToTheBoxs) {
+    KTMapping m;
+    SetImage(m, 2, 2, kCoded);
+    m.SetRepeat(0);
+    m.SetFitWhole(1);
+    m.SetScale(0.3f);  // fit whole wins over scale and stretch
+    RenderCanvas canvas(40, 30,
+                        [](int x, int y) { return x > 4 && x < 33 && y > 3 && y < 21 ? 255 : 0; });
+    ASSERT_EQ(RenderMapping(m, 1.0f, canvas.picture, canvas.part), 0);
+    for (int i = 0; i < 4; ++i)
+        EXPECT_EQ(canvas.At(i & 1 ? 32 : 5, i & 2 ? 20 : 4), kCoded(i & 1, i >> 1)) << i;
+}
+
+TEST(MappingRenderTest, ATenthOfAFineCheckerIsItsEvenGrey) {
+    KTMapping m;
+    SetImage(m, 256, 256,
+             [](int x, int y) { return (x + y) % 2 ? ColorRGB(255, 255, 255) : ColorRGB(); });
+    m.SetScale(0.1f);
+    m.SetAngle(17.0f);
+    RenderCanvas canvas(64, 48);
+    ASSERT_EQ(RenderMapping(m, 0.0f, canvas.picture, canvas.part), 0);
+    for (int i = 0; i < 64 * 48; ++i) EXPECT_NEAR(canvas.At(i % 64, i / 64).green, 127.5, 3) << i;
+}
+
+TEST(MappingRenderTest, BadValuesPaintNothingOutsideThePart) {
+    // Image side (0: none), scale, angle, stretch.
+    const float cases[][4] = {{0, 1, 0, 0},     {1, 1, 0, 0},          {4, NAN, 0, 0},
+                              {4, 1e30f, 0, 0}, {4, 1e-30f, 0, 0},     {4, 0, 0, 0},
+                              {4, -2, 0, 0},    {4, 1, INFINITY, NAN}, {4, 1, NAN, INFINITY}};
+    for (int k = 0; k < 18; ++k) {
+        const float* c = cases[k / 2];
+        KTMapping m;
+        if (c[0] > 0) SetImage(m, c[0], c[0], [](int, int) { return ColorRGB(200, 50, 10); });
+        m.SetRepeat(k % 2);
+        m.SetScale(c[1]);
+        m.SetAngle(c[2]);
+        RenderCanvas canvas(40, 30, Disc(20, 15, 12));
+        ASSERT_EQ(RenderMapping(m, c[3], canvas.picture, canvas.part), 0);
+        for (int i = 0; i < 40 * 30; ++i)
+            EXPECT_TRUE(canvas.Coverage(i % 40, i / 40) || canvas.At(i % 40, i / 40) == kGrey) << k;
+        EXPECT_TRUE(c[0] != 1 || canvas.At(20, 15) == ColorRGB(200, 50, 10));  // 1 x 1 drawn
+    }
+}
+
+}  // namespace
