@@ -1,10 +1,12 @@
 // The reference renderer at 4096 x 4096, 24 bits, into a disc-shaped part
 // covering most of the picture, against yardsticks measured in the same
 // run: memset of the same bytes (the floor), cairo's (pixman's) linear and
-// radial gradient fills of the same size, and GEGL's distance transform and
-// pixelize (20 px), all on one thread. Every effect type is timed on one
-// thread; the targeted ones on both cores too. The closing table gives the
-// ratios. Yardsticks only: nothing of cairo or GEGL is in the product.
+// radial gradient fills of the same size, GEGL's distance transform,
+// pixelize (20 px) and cell noise, and cairo painting a 256 x 256 picture
+// repeated, turned and scaled, all on one thread. Every effect type is timed
+// on one thread; the targeted ones on both cores too. The closing table
+// gives the ratios. Yardsticks only: nothing of cairo or GEGL is in the
+// product.
 #include <benchmark/benchmark.h>
 #include <cairo.h>
 #include <gegl.h>
@@ -56,6 +58,25 @@ Scene& TheScene() {
 
 const ColorRGB kColors[4] = {ColorRGB(230, 40, 40), ColorRGB(40, 200, 90), ColorRGB(40, 60, 230),
                              ColorRGB(250, 220, 60)};
+
+// The picture that the mapping places and the image patterns cut up: 256 x
+// 256, a blend across with a grid of darker lines, nothing uniform.
+const BitmapImage& TheImage() {
+    static BitmapImage image;
+    if (image.pixels != nullptr) return image;
+    const int side = 256;
+    image.Create(side, side, 3, 0);
+    for (int y = 0; y < side; ++y) {
+        for (int x = 0; x < side; ++x) {
+            const bool line = x % 32 < 3 || y % 32 < 3;
+            unsigned char* p = image.PixelAt(x, y);
+            p[0] = static_cast<unsigned char>(line ? 40 : 255 - x);
+            p[1] = static_cast<unsigned char>(line ? 40 : y);
+            p[2] = static_cast<unsigned char>(line ? 60 : (x + y) / 2);
+        }
+    }
+    return image;
+}
 
 void Report(benchmark::State& state, int result) {
     if (result != 0) state.SkipWithError("the renderer refused");
@@ -112,6 +133,41 @@ void Operation(benchmark::State& state, int which, int threads) {
     }
 }
 
+// The panel's defaults, 4 colors, `points` reference points; only the image
+// types read the image.
+void Pattern(benchmark::State& state, int type, int points, int threads) {
+    KTEffectDensityPattern e;
+    e.SetPatternType(type);
+    e.SetReferencePoints(points);
+    e.SetIsolineWidth(12.0f);
+    e.SetRadialLines(30);
+    e.SetImageSize(50);
+    if (e.SetColors(4, kColors) != 0 || e.SetImage(TheImage()) != 0) {
+        state.SkipWithError("no memory for the pattern");
+        return;
+    }
+    Options options;
+    options.threads = threads;
+    Scene& s = TheScene();
+    for (auto _ : state) Report(state, RenderDensityPattern(e, s.picture, s.part, options));
+}
+
+// Repeated, turned 30 degrees, at 80 %, as the cairo yardstick paints it.
+void Mapping(benchmark::State& state, int threads) {
+    KTMapping m;
+    m.SetRepeat(1);
+    m.SetAngle(30.0f);
+    m.SetScale(0.8f);
+    if (m.SetImage(TheImage()) != 0) {
+        state.SkipWithError("no memory for the mapping");
+        return;
+    }
+    Options options;
+    options.threads = threads;
+    Scene& s = TheScene();
+    for (auto _ : state) Report(state, RenderMapping(m, 0.0f, s.picture, s.part, options));
+}
+
 void Memset(benchmark::State& state) {
     Scene& s = TheScene();
     int value = 0;
@@ -121,17 +177,11 @@ void Memset(benchmark::State& state) {
     }
 }
 
-void CairoGradient(benchmark::State& state, bool radial) {
+// Times cairo painting `pattern` over a picture of the benchmark's size;
+// takes the pattern.
+void CairoPaint(benchmark::State& state, cairo_pattern_t* pattern) {
     cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, kSize, kSize);
     cairo_t* cr = cairo_create(surface);
-    const double c = kSize / 2.0, a = 30 * M_PI / 180, reach = kSize * 0.68;
-    cairo_pattern_t* pattern =
-        radial ? cairo_pattern_create_radial(c, c, 0, c, c, kSize * 0.7071)
-               : cairo_pattern_create_linear(c - reach * std::cos(a), c - reach * std::sin(a),
-                                             c + reach * std::cos(a), c + reach * std::sin(a));
-    for (int i = 0; i < 3; ++i)
-        cairo_pattern_add_color_stop_rgb(pattern, i / 2.0, kColors[i].red / 255.0,
-                                         kColors[i].green / 255.0, kColors[i].blue / 255.0);
     cairo_set_source(cr, pattern);
     for (auto _ : state) {
         cairo_paint(cr);
@@ -142,16 +192,79 @@ void CairoGradient(benchmark::State& state, bool radial) {
     cairo_surface_destroy(surface);
 }
 
+void CairoGradient(benchmark::State& state, bool radial) {
+    const double c = kSize / 2.0, a = 30 * M_PI / 180, reach = kSize * 0.68;
+    cairo_pattern_t* pattern =
+        radial ? cairo_pattern_create_radial(c, c, 0, c, c, kSize * 0.7071)
+               : cairo_pattern_create_linear(c - reach * std::cos(a), c - reach * std::sin(a),
+                                             c + reach * std::cos(a), c + reach * std::sin(a));
+    for (int i = 0; i < 3; ++i)
+        cairo_pattern_add_color_stop_rgb(pattern, i / 2.0, kColors[i].red / 255.0,
+                                         kColors[i].green / 255.0, kColors[i].blue / 255.0);
+    CairoPaint(state, pattern);
+}
+
+// TheImage() repeated over the whole picture, turned 30 degrees and scaled
+// to 80 %, sampled bilinearly.
+void CairoImage(benchmark::State& state) {
+    const BitmapImage& image = TheImage();
+    cairo_surface_t* source =
+        cairo_image_surface_create(CAIRO_FORMAT_RGB24, image.width, image.height);
+    unsigned char* rows = cairo_image_surface_get_data(source);
+    const int stride = cairo_image_surface_get_stride(source);
+    for (int y = 0; y < image.height; ++y) {
+        // Cairo's rows run top down, four bytes a pixel.
+        unsigned char* out = rows + static_cast<std::size_t>(image.height - 1 - y) * stride;
+        for (int x = 0; x < image.width; ++x) {
+            std::memcpy(out + 4 * x, image.PixelAt(x, y), 3);
+            out[4 * x + 3] = 255;
+        }
+    }
+    cairo_surface_mark_dirty(source);
+    cairo_pattern_t* pattern = cairo_pattern_create_for_surface(source);
+    cairo_pattern_set_extend(pattern, CAIRO_EXTEND_REPEAT);
+    cairo_pattern_set_filter(pattern, CAIRO_FILTER_BILINEAR);
+    // The pattern's matrix maps the picture to the image: the inverse of
+    // placing the image.
+    cairo_matrix_t matrix;
+    cairo_matrix_init_rotate(&matrix, 30 * M_PI / 180);
+    cairo_matrix_scale(&matrix, 0.8, 0.8);
+    cairo_matrix_invert(&matrix);
+    cairo_pattern_set_matrix(pattern, &matrix);
+    CairoPaint(state, pattern);
+    cairo_surface_destroy(source);
+}
+
+void StartGegl() {
+    static bool started = false;
+    if (started) return;
+    gegl_init(nullptr, nullptr);
+    g_object_set(gegl_config(), "threads", 1, nullptr);
+    started = true;
+}
+
+// GEGL's cell noise rendered into a buffer of the picture's size. Scale 1/64
+// puts about 16 to 24 cells on it, about as many as the pattern's 16 points;
+// the node is made anew each time so that nothing comes from GEGL's cache.
+void GeglCellNoise(benchmark::State& state) {
+    StartGegl();
+    const GeglRectangle rect = {0, 0, kSize, kSize};
+    GeglBuffer* output = gegl_buffer_new(&rect, babl_format("Y float"));
+    for (auto _ : state) {
+        GeglNode* graph = gegl_node_new();
+        GeglNode* noise = gegl_node_new_child(graph, "operation", "gegl:cell-noise", "scale",
+                                              1.0 / 64, "seed", 1, nullptr);
+        gegl_node_blit_buffer(noise, output, &rect, 0, GEGL_ABYSS_NONE);
+        g_object_unref(graph);
+    }
+    g_object_unref(output);
+}
+
 // One GEGL operation over the whole picture; the graph is made anew each
 // time so that nothing comes from GEGL's cache.
 void GeglOperation(benchmark::State& state, const char* format, const char* operation,
                    std::function<void(GeglNode*)> configure) {
-    static bool started = false;
-    if (!started) {
-        gegl_init(nullptr, nullptr);
-        g_object_set(gegl_config(), "threads", 1, nullptr);
-        started = true;
-    }
+    StartGegl();
     const GeglRectangle rect = {0, 0, kSize, kSize};
     GeglBuffer* input = gegl_buffer_new(&rect, babl_format(format));
     GeglBuffer* output = gegl_buffer_new(&rect, babl_format(format));
@@ -200,6 +313,8 @@ void RegisterAll() {
         GeglOperation(s, "R'G'B' u8", "gegl:pixelize",
                       [](GeglNode* op) { gegl_node_set(op, "size-x", 20, "size-y", 20, nullptr); });
     });
+    Add("yardstick/gegl_cell_noise", GeglCellNoise);
+    Add("yardstick/cairo_image_repeat_30deg_0.8", CairoImage);
     for (int threads : {1, 2}) {
         const std::string t = "/threads:" + std::to_string(threads);
         for (int type : {0, 1, 3, 4, 5, 6, 7, 8, 101, 104, 105, 106, 107, 108}) {
@@ -226,6 +341,16 @@ void RegisterAll() {
                     [=](benchmark::State& s) { Stripe(s, direction, texture, threads); });
             }
         }
+        for (int type = 1; type <= 15; ++type) {
+            if (threads == 2 && type != 2) continue;
+            Add("pattern/type:" + std::to_string(type) + "/points:16" + t,
+                [=](benchmark::State& s) { Pattern(s, type, 16, threads); });
+        }
+        if (threads == 1) {
+            Add("pattern/type:2/points:256" + t,
+                [=](benchmark::State& s) { Pattern(s, 2, 256, threads); });
+        }
+        Add("mapping/repeat_30deg_0.8" + t, [=](benchmark::State& s) { Mapping(s, threads); });
         const char* operations[] = {"uniform", "blur", "invert", "edge"};
         for (int which = 0; which < 4; ++which) {
             if (threads == 2) continue;
@@ -260,6 +385,16 @@ const Target kTargets[] = {
      1.7, true},
     {"stripe texture 2, 1 thread over 2", "stripe/direction:1/texture:2/threads:1",
      "stripe/direction:1/texture:2/threads:2", 1.7, true},
+    {"isolines, 16 points vs GEGL cell noise", "pattern/type:2/points:16/threads:1",
+     "yardstick/gegl_cell_noise", 0.25, false},
+    {"isolines, 256 points over 16", "pattern/type:2/points:256/threads:1",
+     "pattern/type:2/points:16/threads:1", 1.5, false},
+    {"mapping vs cairo bilinear repeat", "mapping/repeat_30deg_0.8/threads:1",
+     "yardstick/cairo_image_repeat_30deg_0.8", 0.5, false},
+    {"isolines, 1 thread over 2", "pattern/type:2/points:16/threads:1",
+     "pattern/type:2/points:16/threads:2", 1.7, true},
+    {"mapping, 1 thread over 2", "mapping/repeat_30deg_0.8/threads:1",
+     "mapping/repeat_30deg_0.8/threads:2", 1.7, true},
 };
 
 }  // namespace

@@ -1,31 +1,40 @@
 #!/usr/bin/env bash
 # Renders the gallery: vellpaint paints every gradation type, tile shape and
-# coloring, stripe direction and texture, and operation on its sample scene
-# into docs/gallery/, and docs/gallery.md shows them with their parameters.
-# The seed is fixed: a second run writes the same files.
+# coloring, stripe direction and texture, isoline pattern type, mapping
+# placement and operation on its sample scene into docs/gallery/, and
+# docs/gallery.md shows them with their parameters. The seeds are fixed: a
+# second run writes the same files. VELLPAINT=path uses that vellpaint
+# instead of building build/native.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
-ensure_tools
-configure_and_build "$build/native" >/dev/null
-tool="$build/native/vellpaint"
+tool=${VELLPAINT:-}
+if [ -z "$tool" ]; then
+  ensure_tools
+  configure_and_build "$build/native" >/dev/null
+  tool="$build/native/vellpaint"
+fi
 out="$root/docs/gallery"
 mkdir -p "$out"
 rm -f "$out"/*.png
 
 cells=()
-# picture NAME CAPTION EFFECT [vellpaint arguments...]: docs/gallery/NAME.png
+# picture NAME CAPTION EFFECT [vellpaint arguments...]: docs/gallery/NAME.png,
+# seed 7 unless the arguments give another.
 picture() {
   local name=$1 caption=$2
   shift 2
-  "$tool" "$@" --size 256x192 --seed 7 -o "$out/$name.png"
+  "$tool" --size 256x192 --seed 7 "$@" -o "$out/$name.png"
   cells+=("![$name](gallery/$name.png)<br>$caption")
 }
-# The pictures so far as a table, three to a row.
+# The pictures so far as a table, COLUMNS (default 3) to a row.
 table() {
-  local i
-  printf '\n| | | |\n|---|---|---|\n'
-  for ((i = 0; i < ${#cells[@]}; i += 3)); do
-    printf '| %s | %s | %s |\n' "${cells[i]}" "${cells[i + 1]:-}" "${cells[i + 2]:-}"
+  local columns=${1:-3} i j row
+  printf '\n|%s\n|%s\n' "$(printf ' |%.0s' $(seq "$columns"))" \
+    "$(printf -- '---|%.0s' $(seq "$columns"))"
+  for ((i = 0; i < ${#cells[@]}; i += columns)); do
+    row='|'
+    for ((j = i; j < i + columns; j++)); do row+=" ${cells[j]:-} |"; done
+    printf '%s\n' "$row"
   done
   cells=()
 }
@@ -53,14 +62,32 @@ stripe() {  # name caption [arguments...]
     --set patternWidth=0.5 --set backgroundColor='#f1faee' "$@"
 }
 
+pattern_names=('' gradation isolines 'radial lines' 'isolines and radial lines' check dots
+  'square stripes' 'circular stripes' brick fluctuation jagged hair 'image cells' 'image tiles'
+  'image kaleidoscope')
+pattern() {  # name caption [arguments...]
+  local name=$1 caption=$2
+  shift 2
+  picture "pattern-$name" "$caption" pattern --set colors="$corners" --set referencePoints=6 \
+    --set borderColor='#1d1d1d' --set borderWidth=0.3 --set isolineWidth=12 \
+    --set radialLines=16 --set imageSize=40 "$@"
+}
+
+mapping() {  # name caption [arguments...]
+  local name=$1 caption=$2
+  shift 2
+  picture "mapping-$name" "$caption" mapping "$@"
+}
+
 {
   cat <<'INTRO'
 # Gallery of the reference renderer
 
 Written by `scripts/gallery.sh`, which runs `vellpaint` (tools/vellpaint) on
-its sample scene, 256 x 192, seed 7: a soft diagonal blend with a few shapes,
-and a rounded five-lobed star as the part. Outside the star nothing changes;
-its edge is anti-aliased. Run the script again after changing the renderer.
+its sample scene, 256 x 192, seed 7 unless a caption gives another: a soft
+diagonal blend with a few shapes, and a rounded five-lobed star as the part.
+Outside the star nothing changes; its edge is anti-aliased. Run the script
+again after changing the renderer.
 
 ## Gradation
 
@@ -121,6 +148,51 @@ STRIPES
   done
   stripe background-part "direction 3, backgroundMode 1: the part's own colors" --set direction=3 \
     --set backgroundMode=1
+  table
+
+  cat <<'PATTERNS'
+
+## Isoline pattern
+
+Six reference points, colors #264653, #2a9d8f, #e9c46a, #e76f51, border
+#1d1d1d of width 0.3, isolineWidth 12, radialLines 16, imageSize 40, each
+type at two seeds; the points move with the seed. The image types take
+vellpaint's demo picture, a landscape with a sun on the left and a house on
+the right.
+PATTERNS
+  for type in $(seq 1 15); do
+    for seed in 7 8; do
+      pattern "$type-seed-$seed" "**$type** ${pattern_names[type]}, seed $seed" \
+        --set patternType="$type" --seed "$seed"
+    done
+  done
+  table 4
+  printf '\nOne field of the isolines and radial lines (type 4, seed 7) changed:\n'
+  pattern swirl '**4** swirl 0.5' --set patternType=4 --set swirl=0.5
+  pattern roughness '**4** roughness 0.5' --set patternType=4 --set roughness=0.5
+  pattern blur '**4** blurDirection 3: both sides' --set patternType=4 --set blurDirection=3
+  pattern invert '**4** invertColors 1' --set patternType=4 --set invertColors=1
+  pattern jaggies '**4** removeJaggies 0' --set patternType=4 --set removeJaggies=0
+  table
+
+  cat <<'MAPPINGS'
+
+## Mapping
+
+vellpaint's demo picture, 128 x 96, placed on the star: scale 1 and angle 0
+and no stretch unless the caption says otherwise.
+MAPPINGS
+  mapping one 'one copy (repeat 0), as it is' --set repeat=0
+  mapping one-rotated 'one copy, angle 20' --set repeat=0 --set angle=20
+  mapping fit 'fitWhole 1 (repeat 0)' --set repeat=0 --set fitWhole=1
+  mapping repeat 'repeat 1' --set repeat=1
+  mapping seamless 'repeat 1, seamless 1' --set repeat=1 --set seamless=1
+  mapping repeat-turned 'repeat 1, scale 0.5, angle 30' --set repeat=1 --set scale=0.5 \
+    --set angle=30
+  mapping stretch-half "one copy, stretch 0.5: halfway to the box's aspect" --set repeat=0 \
+    --set stretch=0.5
+  mapping stretch-full "one copy, stretch 1: the box's aspect" --set repeat=0 --set stretch=1
+  mapping scale-10 'repeat 1, scale 0.1' --set repeat=1 --set scale=0.1
   table
 
   cat <<'OPERATIONS'

@@ -1,7 +1,8 @@
 // Writes the fuzzers' seed corpora: packed DIBs of every accepted depth and
 // a few refused ones, as files and clipboard blocks hold them, paths with
 // the splitter's odd cases, and color set values as the settings file holds
-// them, well formed and not, and a few starting bytes for the renderer.
+// them, well formed and not, and starting bytes for the renderer, among them
+// every isoline pattern type and the mapping's placements.
 #include <sys/stat.h>
 
 #include <cstdint>
@@ -19,6 +20,22 @@ void WriteTexts(const std::string& dir, const std::string& prefix,
         WriteFile(dir + "/" + prefix + std::to_string(i),
                   std::vector<std::uint8_t>(texts[i].begin(), texts[i].end()));
     }
+}
+
+// A renderer input in the order the target reads it: a 40 x 30 picture with
+// a disc as the part, seed `salt`, one thread, then the effect's selector
+// and its first fields as `fields` give them. The target reads from the end
+// of its input, so these bytes go last and backwards, after varied bytes
+// for the fields not given.
+std::string RenderSeed(int effect, std::vector<std::uint8_t> fields, int salt) {
+    const std::uint8_t e = static_cast<std::uint8_t>(effect), s = static_cast<std::uint8_t>(salt);
+    // Size, padding, a disc of radius 15, its own box, seed, threads, dither.
+    std::vector<std::uint8_t> read = {39, 29, 0, 0, 4, 0x80, 0, 0, 0, 0, 0, 0, 0, s, 0, 0, e};
+    read.insert(read.end(), fields.begin(), fields.end());
+    std::string bytes;
+    for (int i = 0; i < 200; ++i) bytes += static_cast<char>(i * 37 + salt * 11);
+    bytes.append(read.rbegin(), read.rend());
+    return bytes;
 }
 
 }  // namespace
@@ -82,5 +99,18 @@ int main(int argc, char** argv) {
     for (int i = 0; i < 8; ++i)
         renders.push_back(std::string(24 + 40 * i, static_cast<char>(37 * i)));
     WriteTexts(root + "/render", "render", renders);
+    // The isoline pattern, every known type with 6 points and 16 radial
+    // lines (a known code, then its index; a count in range, then its value
+    // less one); the mapping repeated or not, seamless or not.
+    const int kPattern = 6, kMapping = 7;
+    std::vector<std::string> effects;
+    for (std::uint8_t type = 0; type <= 15; ++type)
+        effects.push_back(RenderSeed(kPattern, {0, type, 2, 5, 2, 15}, type));
+    for (std::uint8_t repeat = 0; repeat <= 1; ++repeat) {
+        for (std::uint8_t seamless = 0; seamless <= 1; ++seamless)
+            effects.push_back(
+                RenderSeed(kMapping, {0, repeat, 0, seamless}, 2 * repeat + seamless));
+    }
+    WriteTexts(root + "/render", "effect", effects);
     return 0;
 }

@@ -1,10 +1,12 @@
 // libFuzzer target: the reference renderer on small random pictures and parts
 // with every field of its object drawn from the bytes, NaN, infinities, huge,
-// negative and zero values, unknown codes and 0 to 9 colors among them.
-// Whatever it is given, it returns 0 (or -2 without memory) and no byte
-// outside the part changes, row padding included.
+// negative and zero values, unknown codes, 0 to 9 colors and, for the
+// isoline pattern and the mapping, no image, a 1 x 1 one or a small random
+// one among them. Whatever it is given, it returns 0 (or -2 without memory)
+// and no byte outside the part changes, row padding included.
 #include <fuzzer/FuzzedDataProvider.h>
 
+#include <climits>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
@@ -38,16 +40,50 @@ ColorRGB AnyColor(FuzzedDataProvider& data) {
     return ColorRGB::FromColorRef(rgb);
 }
 
+// Channels anywhere, NaN and infinities included, not only 0..1.
+ColorF AnyColorF(FuzzedDataProvider& data) {
+    ColorF c;
+    c.red = AnyFloat(data);
+    c.green = AnyFloat(data);
+    c.blue = AnyFloat(data);
+    return c;
+}
+
 // 0 to 9 colors in a malloc'd array, as the objects own them; sometimes a
 // count without an array, as a failed SetColors leaves it.
-template <class Effect>
-void SetAnyColors(FuzzedDataProvider& data, Effect& effect) {
+template <class Effect, class Color>
+void SetAnyColors(FuzzedDataProvider& data, Effect& effect, Color (*any)(FuzzedDataProvider&)) {
     std::free(effect.colors);
     effect.colors = nullptr;
     effect.colorCount = data.ConsumeIntegralInRange(0, 9);
     if (effect.colorCount == 0 || data.ConsumeIntegralInRange(0, 15) == 0) return;
-    effect.colors = static_cast<ColorRGB*>(std::malloc(sizeof(ColorRGB) * effect.colorCount));
-    for (int i = 0; i < effect.colorCount; ++i) effect.colors[i] = AnyColor(data);
+    effect.colors = static_cast<Color*>(std::malloc(sizeof(Color) * effect.colorCount));
+    for (int i = 0; i < effect.colorCount; ++i) effect.colors[i] = any(data);
+}
+
+// A count as the panel gives it, or zero, negative or huge.
+int AnyCount(FuzzedDataProvider& data) {
+    const int odd[] = {0, -1, INT_MIN, INT_MAX, 1000, 1 << 20};
+    switch (data.ConsumeIntegralInRange(0, 3)) {
+        case 0: return data.PickValueInArray(odd);
+        case 1: return data.ConsumeIntegral<int>();
+        default: return data.ConsumeIntegralInRange(1, 64);
+    }
+}
+
+// No image, a 1 x 1 one, or up to 16 x 16 of the fuzzer's bytes, 24-bit as
+// the objects hold them.
+BitmapImage* AnyImage(FuzzedDataProvider& data) {
+    const int kind = data.ConsumeIntegralInRange(0, 2);
+    if (kind == 0) return nullptr;
+    const int w = kind == 1 ? 1 : data.ConsumeIntegralInRange(1, 16);
+    const int h = kind == 1 ? 1 : data.ConsumeIntegralInRange(1, 16);
+    BitmapImage* image = BitmapImage::NewEmpty();
+    if (image == nullptr || image->Create(w, h, 3, 0) != 0) std::abort();
+    for (unsigned i = 0; i < image->pixelBytes; ++i) {
+        image->pixels[i] = data.ConsumeIntegral<unsigned char>();
+    }
+    return image;
 }
 
 int RenderAnyGradation(FuzzedDataProvider& data, const Picture& p, const Part& part,
@@ -61,7 +97,7 @@ int RenderAnyGradation(FuzzedDataProvider& data, const Picture& p, const Part& p
     g.repeat = data.ConsumeBool() ? data.ConsumeIntegralInRange(1, 8) : data.ConsumeIntegral<int>();
     g.mix = AnyFloat(data);
     g.spiralAngle = AnyFloat(data);
-    SetAnyColors(data, g);
+    SetAnyColors(data, g, AnyColor);
     return RenderGradation(g, p, part, o);
 }
 
@@ -78,7 +114,7 @@ int RenderAnyTile(FuzzedDataProvider& data, const Picture& p, const Part& part, 
     t.angle = AnyFloat(data);
     t.coloring = AnyCode(data, {0, 1, 2, 3, 4});
     t.seamColor = AnyColor(data);
-    SetAnyColors(data, t);
+    SetAnyColors(data, t, AnyColor);
     return RenderTile(t, p, part, o);
 }
 
@@ -92,18 +128,55 @@ int RenderAnyStripe(FuzzedDataProvider& data, const Picture& p, const Part& part
     s.texture = AnyCode(data, {0, 1, 2, 3, 4, 5, 6, 7});
     s.backgroundMode = AnyCode(data, {0, 1});
     s.backgroundColor = AnyColor(data);
-    SetAnyColors(data, s);
+    SetAnyColors(data, s, AnyColor);
     return RenderStripe(s, p, part, o);
 }
 
+// Fields set directly, past what the setters let through.
+int RenderAnyPattern(FuzzedDataProvider& data, const Picture& p, const Part& part,
+                     const Options& o) {
+    KTEffectDensityPattern e;
+    e.patternType = AnyCode(data, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15});
+    e.referencePoints = AnyCount(data);
+    e.radialLines = AnyCount(data);
+    e.removeJaggies = AnyCode(data, {0, 1});
+    e.invertColors = AnyCode(data, {0, 1});
+    e.borderColor = AnyColorF(data);
+    e.borderWidth = AnyFloat(data);
+    e.blurDirection = AnyCode(data, {0, 1, 2, 3});
+    e.isolineWidth = AnyFloat(data);
+    e.swirl = AnyFloat(data);
+    e.roughness = AnyFloat(data);
+    e.imageSize = AnyFloat(data);
+    SetAnyColors(data, e, AnyColorF);
+    e.image = AnyImage(data);
+    return RenderDensityPattern(e, p, part, o);
+}
+
+int RenderAnyMapping(FuzzedDataProvider& data, const Picture& p, const Part& part,
+                     const Options& o) {
+    KTMapping m;
+    m.repeat = AnyCode(data, {0, 1});
+    m.seamless = AnyCode(data, {0, 1});
+    m.fitWhole = AnyCode(data, {0, 1});
+    m.scale = AnyFloat(data);
+    m.angle = AnyFloat(data);
+    m.assigned = AnyCode(data, {0, 1});
+    m.image = AnyImage(data);
+    const float stretch = AnyFloat(data);
+    return RenderMapping(m, stretch, p, part, o);
+}
+
 int RenderAny(FuzzedDataProvider& data, const Picture& p, const Part& part, const Options& o) {
-    switch (data.ConsumeIntegralInRange(0, 6)) {
+    switch (data.ConsumeIntegralInRange(0, 8)) {
         case 0: return RenderAnyGradation(data, p, part, o);
         case 1: return RenderAnyTile(data, p, part, o);
         case 2: return RenderAnyStripe(data, p, part, o);
         case 3: return FillUniform(AnyColor(data), p, part, o);
         case 4: return Blur(AnyFloat(data), p, part, o);
         case 5: return Invert(p, part, o);
+        case 6: return RenderAnyPattern(data, p, part, o);
+        case 7: return RenderAnyMapping(data, p, part, o);
         default: {
             const ColorRGB color = AnyColor(data);
             return DrawEdge(color, AnyFloat(data), p, part, o);

@@ -57,6 +57,12 @@ invert --picture pic.bmp --mask narrow.bmp -o out.png
 invert --mask pic.bmp -o out.png
 invert --picture pic.bmp --size 8x8 -o out.png
 blur -o missing-dir/out.png
+pattern --set colours=#ff0000 -o out.png
+pattern --set colors= -o out.png
+pattern --image missing.bmp -o out.png
+mapping --set zoom=2 -o out.png
+mapping --image text.bmp -o out.png
+tile --image pic.bmp -o out.png
 TABLE
 
 png_size() { od -An -tu1 -j16 -N8 "$1" | awk '{ print $3 * 256 + $4 "x" $7 * 256 + $8 }'; }
@@ -70,4 +76,9 @@ check_good() {  # expected size, arguments...
 }
 check_good 64x48 "$tool" tile --size 64x48 --set colors=#ff0000,#0000ff --seed 3 --threads 2
 check_good 7x5 "$tool" edge --picture pic.bmp --mask pic.bmp --set width=1.5
+check_good 64x48 "$tool" pattern --size 64x48 --set patternType=4 --set referencePoints=5 \
+  --set colors=#ff0000,#00ff00,#0000ff --set borderColor=#000000 --seed 9 --threads 2
+check_good 64x48 "$tool" pattern --size 64x48 --set patternType=15 --set imageSize=20
+check_good 7x5 "$tool" mapping --picture pic.bmp --image narrow.bmp --set angle=30 \
+  --set scale=0.5 --set stretch=1
 exit $((failures > 0))

@@ -63,6 +63,34 @@ unsigned char StarCoverage(float x, float y, float w, float h) {
     return static_cast<unsigned char>(std::lround(255.0f * Clamp01(0.5f - distance)));
 }
 
+// The demo picture's colors and shapes, in its 128 x 96 pixels, y up.
+const Rgb kSkyLow{250, 214, 165}, kSkyHigh{72, 142, 214}, kSun{255, 206, 40}, kCloud{248, 248, 252},
+    kFarHill{96, 160, 88}, kNearHill{44, 110, 52}, kWall{236, 226, 200}, kRoof{192, 48, 40},
+    kDoor{96, 60, 36}, kWindow{120, 190, 235};
+
+// Coverage of the box left <= x < right, bottom <= y < top, edge anti-aliased.
+float Box(float x, float y, float left, float bottom, float right, float top) {
+    return Clamp01(std::min(std::min(x - left, right - x), std::min(y - bottom, top - y)) + 0.5f);
+}
+
+float Disc(float x, float y, float cx, float cy, float r) {
+    return Clamp01(r - std::hypot(x - cx, y - cy) + 0.5f);
+}
+
+Rgb DemoPixel(float x, float y) {
+    Rgb c = Mix(kSkyLow, kSkyHigh, Clamp01((y - 30.0f) / 66.0f));
+    c = Mix(c, kSun, Disc(x, y, 26.0f, 74.0f, 11.0f));
+    c = Mix(c, kCloud, std::max(Disc(x, y, 70.0f, 80.0f, 6.0f), Disc(x, y, 79.0f, 82.0f, 8.0f)));
+    c = Mix(c, kFarHill, Clamp01(42.0f + 9.0f * std::sin(0.05f * x + 0.6f) - y + 0.5f));
+    c = Mix(c, kNearHill, Clamp01(24.0f + 6.0f * std::sin(0.09f * x + 2.0f) - y + 0.5f));
+    c = Mix(c, kWall, Box(x, y, 78.0f, 18.0f, 108.0f, 42.0f));
+    // The roof: a gable from (74, 42) over (93, 60) to (112, 42).
+    const float slope = (60.0f - y - 0.95f * std::fabs(x - 93.0f)) / 1.38f;
+    c = Mix(c, kRoof, Clamp01(std::min(y - 42.0f, slope) + 0.5f));
+    c = Mix(c, kDoor, Box(x, y, 84.0f, 18.0f, 92.0f, 32.0f));
+    return Mix(c, kWindow, Box(x, y, 96.0f, 27.0f, 104.0f, 35.0f));
+}
+
 void Create(BitmapImage& image, int width, int height) {
     if (image.Create(width, height, 3, 0) != 0) throw std::bad_alloc();
 }
@@ -83,6 +111,13 @@ void Load(const std::string& path, BitmapImage& image) {
     if (image.ConvertTo24Bit() != 0) throw std::bad_alloc();
 }
 
+void SetPixel(BitmapImage& image, int x, int y, Rgb c) {
+    unsigned char* p = image.PixelAt(x, y);
+    p[0] = static_cast<unsigned char>(std::lround(c.b));
+    p[1] = static_cast<unsigned char>(std::lround(c.g));
+    p[2] = static_cast<unsigned char>(std::lround(c.r));
+}
+
 }  // namespace
 
 void CheckSize(int width, int height, const std::string& what) {
@@ -101,14 +136,22 @@ void MakeScene(int width, int height, Canvas* canvas) {
     const float w = static_cast<float>(width), h = static_cast<float>(height);
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
-            const Rgb c = ScenePixel(x + 0.5f, y + 0.5f, w, h);
-            unsigned char* p = canvas->image.PixelAt(x, y);
-            p[0] = static_cast<unsigned char>(std::lround(c.b));
-            p[1] = static_cast<unsigned char>(std::lround(c.g));
-            p[2] = static_cast<unsigned char>(std::lround(c.r));
+            SetPixel(canvas->image, x, y, ScenePixel(x + 0.5f, y + 0.5f, w, h));
             canvas->coverage[static_cast<std::size_t>(y) * width + x] =
                 StarCoverage(x + 0.5f, y + 0.5f, w, h);
         }
+    }
+}
+
+void LoadEffectImage(const std::string& path, BitmapImage* image) {
+    Load(path, *image);
+}
+
+void MakeDemoPicture(BitmapImage* image) {
+    const int width = 128, height = 96;
+    Create(*image, width, height);
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) SetPixel(*image, x, y, DemoPixel(x + 0.5f, y + 0.5f));
     }
 }
 

@@ -36,6 +36,14 @@ void MakeScene(int width, int height, Canvas* canvas);
 // grey is the coverage, or the whole picture without a mask.
 void LoadCanvas(const std::string& picturePath, const std::string& maskPath, Canvas* canvas);
 
+// A 24-bit picture from a .bmp; throws InputError naming the file.
+void LoadEffectImage(const std::string& path, BitmapImage* image);
+
+// The picture the mapping and the pattern's image types take without
+// --image: 128 x 96, a landscape with a sun on the left and a house on the
+// right, so that mirroring and turning show.
+void MakeDemoPicture(BitmapImage* image);
+
 // Throws InputError when the file cannot be written.
 void WritePng(const BitmapImage& image, const std::string& path);
 

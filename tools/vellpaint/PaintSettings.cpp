@@ -13,8 +13,8 @@ namespace {
 
 using Text = const std::string&;
 
-const char* const kEffectNames[] = {"gradation", "tile",   "stripe", "uniform",
-                                    "blur",      "invert", "edge"};
+const char* const kEffectNames[] = {"gradation", "tile", "stripe",  "uniform", "blur",
+                                    "invert",    "edge", "pattern", "mapping"};
 
 std::string Trimmed(Text text) {
     const char* blanks = " \t\r\n";
@@ -92,6 +92,40 @@ const Field<S> kStripeFields[] = {
     {"backgroundMode", [](S& e, Text v) { e.SetBackgroundMode(ParseInt(v)); }},
     {"backgroundColor", [](S& e, Text v) { e.SetBackgroundColor(ParseColor(v)); }},
     {"colors", SetColorList<S>},
+};
+
+using P = KTEffectDensityPattern;
+const Field<P> kPatternFields[] = {
+    {"patternType", [](P& e, Text v) { e.SetPatternType(ParseInt(v)); }},
+    {"referencePoints", [](P& e, Text v) { e.SetReferencePoints(ParseInt(v)); }},
+    // The object's SetColors leaks its converted copy when it refuses an
+    // empty list: refused here first.
+    {"colors",
+     [](P& e, Text v) {
+         if (ParseColors(v).empty()) throw InputError("the pattern needs at least 1 color");
+         SetColorList(e, v);
+     }},
+    {"borderColor", [](P& e, Text v) { e.SetBorderColor(ColorF::FromRGB(ParseColor(v))); }},
+    {"borderWidth", [](P& e, Text v) { e.SetBorderWidth(ParseFloat(v)); }},
+    {"blurDirection", [](P& e, Text v) { e.SetBlurDirection(ParseInt(v)); }},
+    {"isolineWidth", [](P& e, Text v) { e.SetIsolineWidth(ParseFloat(v)); }},
+    {"radialLines", [](P& e, Text v) { e.SetRadialLines(ParseInt(v)); }},
+    {"swirl", [](P& e, Text v) { e.SetSwirl(ParseFloat(v)); }},
+    {"roughness", [](P& e, Text v) { e.SetRoughness(ParseFloat(v)); }},
+    {"removeJaggies", [](P& e, Text v) { e.SetRemoveJaggies(ParseInt(v)); }},
+    {"invertColors", [](P& e, Text v) { e.SetInvertColors(ParseInt(v)); }},
+    // A float field, where the setter takes whole pixels.
+    {"imageSize", [](P& e, Text v) { e.imageSize = ParseFloat(v); }},
+};
+
+using M = Placement;
+const Field<M> kMappingFields[] = {
+    {"repeat", [](M& m, Text v) { m.mapping.SetRepeat(ParseInt(v)); }},
+    {"seamless", [](M& m, Text v) { m.mapping.SetSeamless(ParseInt(v)); }},
+    {"fitWhole", [](M& m, Text v) { m.mapping.SetFitWhole(ParseInt(v)); }},
+    {"scale", [](M& m, Text v) { m.mapping.SetScale(ParseFloat(v)); }},
+    {"angle", [](M& m, Text v) { m.mapping.SetAngle(ParseFloat(v)); }},
+    {"stretch", [](M& m, Text v) { m.stretch = ParseFloat(v); }},
 };
 
 using O = Operation;
@@ -172,7 +206,8 @@ Effect EffectNamed(Text name) {
         if (name == kEffectNames[i]) return static_cast<Effect>(i);
     }
     throw InputError("unknown effect " + Quoted(name) +
-                     " (gradation, tile, stripe, uniform, blur, invert or edge)");
+                     " (gradation, tile, stripe, uniform, blur, invert, edge, pattern or "
+                     "mapping)");
 }
 
 void Apply(Job& job, Text key, Text value) {
@@ -183,6 +218,8 @@ void Apply(Job& job, Text key, Text value) {
             break;
         case Effect::kTile: known = SetField(kTileFields, job.tile, key, value); break;
         case Effect::kStripe: known = SetField(kStripeFields, job.stripe, key, value); break;
+        case Effect::kPattern: known = SetField(kPatternFields, job.pattern, key, value); break;
+        case Effect::kMapping: known = SetField(kMappingFields, job.placement, key, value); break;
         default: known = SetOperationField(job, key, value);
     }
     if (!known) {
@@ -213,6 +250,19 @@ void ApplyLines(Job& job, Text text, Text source) {
     }
 }
 
+bool TakesImage(const Job& job) {
+    const int type = job.pattern.patternType;
+    if (job.effect == Effect::kPattern) return type >= 13 && type <= 15;
+    return job.effect == Effect::kMapping;
+}
+
+void SetImage(Job& job, const BitmapImage& image) {
+    int result = 0;
+    if (job.effect == Effect::kPattern) result = job.pattern.SetImage(image);
+    if (job.effect == Effect::kMapping) result = job.placement.mapping.SetImage(image);
+    if (result != 0) throw std::bad_alloc();
+}
+
 int Render(const Job& job, const vellrender::Picture& picture, const vellrender::Part& part,
            const vellrender::Options& options) {
     using namespace vellrender;
@@ -225,6 +275,11 @@ int Render(const Job& job, const vellrender::Picture& picture, const vellrender:
         case Effect::kBlur: return Blur(o.radius, picture, part, options);
         case Effect::kInvert: return Invert(picture, part, options);
         case Effect::kEdge: return DrawEdge(o.color, o.width, picture, part, options);
+        case Effect::kPattern: return RenderDensityPattern(job.pattern, picture, part, options);
+        case Effect::kMapping: {
+            const Placement& m = job.placement;
+            return RenderMapping(m.mapping, m.stretch, picture, part, options);
+        }
     }
     return -4;
 }

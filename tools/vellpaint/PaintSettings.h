@@ -7,9 +7,11 @@
 #include <string>
 
 #include "vellcolor/ColorRGB.h"
+#include "vellcolor/KTEffectDensityPattern.h"
 #include "vellcolor/KTEffectGradation.h"
 #include "vellcolor/KTEffectStripe.h"
 #include "vellcolor/KTEffectTile.h"
+#include "vellcolor/KTMapping.h"
 #include "vellcolor/VellRender.h"
 
 namespace vellpaint {
@@ -19,13 +21,29 @@ struct InputError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-enum class Effect { kGradation, kTile, kStripe, kUniform, kBlur, kInvert, kEdge };
+enum class Effect {
+    kGradation,
+    kTile,
+    kStripe,
+    kUniform,
+    kBlur,
+    kInvert,
+    kEdge,
+    kPattern,
+    kMapping
+};
 
 // The arguments of the one-shot operations.
 struct Operation {
     ColorRGB color = ColorRGB(40, 60, 160);
     float radius = vellrender::kDefaultBlurRadius;
     float width = vellrender::kDefaultEdgeWidth;
+};
+
+// The mapping and the stretch factor that the host receives beside it.
+struct Placement {
+    KTMapping mapping;
+    float stretch = 0.0f;
 };
 
 // The chosen effect and every object an effect can take; only its own is used.
@@ -35,6 +53,8 @@ struct Job {
     KTEffectTile tile;
     KTEffectStripe stripe;
     Operation operation;
+    KTEffectDensityPattern pattern;
+    Placement placement;
 };
 
 // The effect of that name; throws for an unknown one.
@@ -47,6 +67,12 @@ void ApplyAssignment(Job& job, const std::string& assignment);
 // Applies every `key = value` line of a parameter file's text (`#` starts a
 // comment line); `source` names the file in messages.
 void ApplyLines(Job& job, const std::string& text, const std::string& source);
+
+// Whether the job's effect paints a picture of its own: the mapping, and the
+// pattern's image types 13..15.
+bool TakesImage(const Job& job);
+// Hands the job's effect its copy of `image`; throws bad_alloc without memory.
+void SetImage(Job& job, const BitmapImage& image);
 
 // Paints the job's effect; the renderer's result.
 int Render(const Job& job, const vellrender::Picture& picture, const vellrender::Part& part,

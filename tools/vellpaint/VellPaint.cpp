@@ -17,17 +17,19 @@ using Text = const std::string&;
 
 const char kUsage[] =
     "usage: vellpaint EFFECT [PARAMETER-FILE] [--set key=value]... [--size WxH]\n"
-    "                 [--picture in.bmp [--mask mask.bmp]] [--seed N] [--threads N]\n"
-    "                 [--dither] -o out.png\n"
-    "EFFECT: gradation, tile, stripe, uniform, blur, invert or edge. The parameter\n"
-    "file holds `key = value` lines named after the effect object's fields\n"
-    "(colors as #RRGGBB, lists comma separated); --set adds one after the file.\n"
-    "uniform takes color, blur radius, edge color and width. Without --picture the\n"
-    "part is a star on a sample scene of 512x384 (or --size); without --mask the\n"
-    "whole picture is painted.\n";
+    "                 [--picture in.bmp [--mask mask.bmp]] [--image FILE.bmp]\n"
+    "                 [--seed N] [--threads N] [--dither] -o out.png\n"
+    "EFFECT: gradation, tile, stripe, uniform, blur, invert, edge, pattern (the\n"
+    "isoline pattern) or mapping. The parameter file holds `key = value` lines\n"
+    "named after the effect object's fields (colors as #RRGGBB, lists comma\n"
+    "separated); --set adds one after the file. uniform takes color, blur radius,\n"
+    "edge color and width; mapping also takes stretch (0..1). Without --picture\n"
+    "the part is a star on a sample scene of 512x384 (or --size); without --mask\n"
+    "the whole picture is painted. --image is the picture that mapping and the\n"
+    "pattern types 13..15 place; without it they take a built-in landscape.\n";
 
 struct Arguments {
-    std::string effect, parameterFile, picture, mask, output;
+    std::string effect, parameterFile, picture, mask, image, output;
     std::vector<std::string> assignments;
     int width = 512, height = 384;
     bool sizeGiven = false;
@@ -78,6 +80,7 @@ const Option kOptions[] = {
     {"--size", [](Text v, Arguments* a) { ParseSize(v, a); }},
     {"--picture", [](Text v, Arguments* a) { a->picture = v; }},
     {"--mask", [](Text v, Arguments* a) { a->mask = v; }},
+    {"--image", [](Text v, Arguments* a) { a->image = v; }},
     {"--seed", [](Text v, Arguments* a) { a->options.seed = ParseSeed(v); }},
     {"--threads", [](Text v, Arguments* a) { a->options.threads = ParseThreads(v); }},
     {"-o", [](Text v, Arguments* a) { a->output = v; }},
@@ -146,10 +149,26 @@ void Fill(const Arguments& a, Job* job) {
     }
 }
 
+// The effect's own picture: the --image file, or the demo picture for an
+// effect that takes one.
+void AttachImage(Text path, Job* job) {
+    const bool placesImages = job->effect == Effect::kPattern || job->effect == Effect::kMapping;
+    if (!path.empty() && !placesImages) throw InputError("--image goes with pattern or mapping");
+    if (path.empty() && !TakesImage(*job)) return;
+    BitmapImage image;
+    if (path.empty()) {
+        MakeDemoPicture(&image);
+    } else {
+        LoadEffectImage(path, &image);
+    }
+    SetImage(*job, image);
+}
+
 int Run(int argc, char** argv) {
     const Arguments a = ParseArguments(argc, argv);
     Job job;
     Fill(a, &job);
+    AttachImage(a.image, &job);
     Canvas canvas;
     if (a.picture.empty()) {
         MakeScene(a.width, a.height, &canvas);
