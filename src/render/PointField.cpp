@@ -58,7 +58,9 @@ std::vector<Site> ScatterSites(const Part& part, int count, std::uint32_t seed) 
 }
 
 NearestSites::NearestSites(const std::vector<Site>& sites)
-    : sites_(sites), byX_(sites.size()), hull_(sites.size()), breaks_(sites.size() + 1) {
+    // The envelope is written for every row and read for every pixel: the
+    // spare entries keep it off the cache lines of another thread's scratch.
+    : sites_(sites), byX_(sites.size()), hull_(sites.size() + 32), breaks_(sites.size() + 32) {
     for (std::size_t i = 0; i < sites.size(); ++i) byX_[i] = static_cast<int>(i);
     std::stable_sort(byX_.begin(), byX_.end(),
                      [&](int a, int b) { return sites[a].x < sites[b].x; });
