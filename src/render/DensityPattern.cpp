@@ -140,7 +140,7 @@ struct Settings {
     int blur = 0;
     bool invert = false;
     bool smooth = true;
-    float swirl = 0;  // turns per px of distance
+    float swirl = 0;  // radians of turn per px of distance
     float rough = 0;  // px of displacement
     float cell = 1;   // a typical region's radius
     std::uint32_t noiseSeed = 0;
@@ -252,10 +252,9 @@ Rgb Shade(const Settings& s, const Site& site, float u, float v) {
             // The nearer edge is drawn across; the other kind is the pixel's own.
             const bool ringNearer = ring.e < ray.e;
             const Band& near = ringNearer ? ring : ray;
-            const float other =
-                BorderAmount(s, (ringNearer ? ray : ring).f, (ringNearer ? ray : ring).e,
-                             (ringNearer ? ray : ring).width);
-            const int fixed = ringNearer ? ray.k : ring.k;
+            const Band& far = ringNearer ? ray : ring;
+            const float other = BorderAmount(s, far.f, far.e, far.width);
+            const int fixed = far.k;
             const float amount = std::max(other, BorderAmount(s, near.f, near.e, near.width));
             const Rgb own = WithBorder(s, s.Color(near.k + fixed), amount);
             if (!s.smooth || near.e >= 0.5f) return own;
