@@ -9,7 +9,7 @@
 
 #include "framework/SystemDialogs.h"
 #include "framework/WideText.h"
-#include "params/FilePathParts.h"
+#include "support/FilePathParts.h"
 
 namespace {
 

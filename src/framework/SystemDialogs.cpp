@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "WideText.h"
-#include "params/FilePathParts.h"
+#include "support/FilePathParts.h"
 
 namespace SystemDialogs {
 

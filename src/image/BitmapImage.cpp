@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "FileBytes.h"
-#include "params/FilePathParts.h"
+#include "support/FilePathParts.h"
 #include "vellcolor/ErrorCode.h"
 
 namespace {

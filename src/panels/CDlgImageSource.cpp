@@ -8,7 +8,7 @@
 #include "framework/ShowErrorMessage.h"
 #include "framework/SystemDialogs.h"
 #include "framework/WideText.h"
-#include "params/FilePathParts.h"
+#include "support/FilePathParts.h"
 #include "vellcolor/BitmapImage.h"
 #include "vellcolor/VellImagePanel.h"
 

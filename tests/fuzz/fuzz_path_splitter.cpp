@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "params/FilePathParts.h"
+#include "support/FilePathParts.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string path(reinterpret_cast<const char*>(data), size);

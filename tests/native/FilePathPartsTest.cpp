@@ -3,7 +3,7 @@
 #include <cstring>
 #include <string>
 
-#include "params/FilePathParts.h"
+#include "support/FilePathParts.h"
 
 namespace {
 
