@@ -10,20 +10,7 @@ namespace vellrender {
 
 namespace {
 
-// A color in 0..255 floats, so that the plain colors come back exact.
-struct Rgb {
-    float r, g, b;
-};
-
-Rgb Plain(const ColorRGB& c) {
-    return {float(c.red), float(c.green), float(c.blue)};
-}
-
-Rgb Lerp(const Rgb& a, const Rgb& b, float w) {
-    return {a.r + (b.r - a.r) * w, a.g + (b.g - a.g) * w, a.b + (b.b - a.b) * w};
-}
-
-Rgb HueLerp(const ColorRGB& a, const ColorRGB& b, float w) {
+FloatColor HueLerp(const ColorRGB& a, const ColorRGB& b, float w) {
     float h0, l0, s0, h1, l1, s1;
     ColorF::FromRGB(a).getHLS(&h0, &l0, &s0);
     ColorF::FromRGB(b).getHLS(&h1, &l1, &s1);
@@ -36,7 +23,7 @@ Rgb HueLerp(const ColorRGB& a, const ColorRGB& b, float w) {
     if (h >= 360.0f) h -= 360.0f;
     ColorF c;
     c.setHLS(h, l0 + (l1 - l0) * w, s0 + (s1 - s0) * w);
-    return {c.red * 255.0f, c.green * 255.0f, c.blue * 255.0f};
+    return {c.blue * 255.0f, c.green * 255.0f, c.red * 255.0f};
 }
 
 }  // namespace
@@ -63,11 +50,11 @@ int ColorRamp::Build(const RampSettings& s) {
         int band = static_cast<int>(q);
         if (band > n - 1) band = n - 1;
         const float into = q - band - (1.0f - mix);
-        Rgb c = Plain(colors[band]);
+        FloatColor c = OfBytes(colors[band]);
         if (into > 0.0f && band + 1 < n) {
             const float w = into / mix;
             c = s.hue ? HueLerp(colors[band], colors[band + 1], w)
-                      : Lerp(c, Plain(colors[band + 1]), w);
+                      : Mix(c, OfBytes(colors[band + 1]), w);
         }
         const float channels[3] = {c.b, c.g, c.r};
         std::uint32_t packed = 0;

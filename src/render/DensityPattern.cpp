@@ -68,26 +68,9 @@ namespace {
 
 const float kTwoPi = 6.28318530718f;
 
-struct Rgb {
-    float b = 0, g = 0, r = 0;  // 0..255
-};
-
-Rgb Mix(const Rgb& a, const Rgb& b, float t) {
-    return {a.b + (b.b - a.b) * t, a.g + (b.g - a.g) * t, a.r + (b.r - a.r) * t};
-}
-
-Rgb OfColorF(const ColorF& c) {
+FloatColor OfColorF(const ColorF& c) {
     return {Clamped(c.blue, 0, 1, 0) * 255.0f, Clamped(c.green, 0, 1, 0) * 255.0f,
             Clamped(c.red, 0, 1, 0) * 255.0f};
-}
-
-Rgb OfRGB(const ColorRGB& c) {
-    return {static_cast<float>(c.blue), static_cast<float>(c.green), static_cast<float>(c.red)};
-}
-
-// The part of the pixel [p - 0.5, p + 0.5] that lies in [lo, hi].
-float Overlap(float p, float lo, float hi) {
-    return std::max(0.0f, std::min(p + 0.5f, hi) - std::max(p - 0.5f, lo));
 }
 
 int Wrap(int k, int n) {
@@ -144,12 +127,14 @@ struct Settings {
     float rough = 0;  // px of displacement
     float cell = 1;   // a typical region's radius
     std::uint32_t noiseSeed = 0;
-    std::vector<Rgb> colors;
-    Rgb border;
+    std::vector<FloatColor> colors;
+    FloatColor border;
     ColorRamp ramp;
     ImageSampler image;
 
-    const Rgb& Color(int k) const { return colors[Wrap(k, static_cast<int>(colors.size()))]; }
+    const FloatColor& Color(int k) const {
+        return colors[Wrap(k, static_cast<int>(colors.size()))];
+    }
 };
 
 // The border's share of a pixel: its line over the band's edge, and the
@@ -166,26 +151,26 @@ float BorderAmount(const Settings& s, float f, float e, float width) {
     return amount;
 }
 
-Rgb WithBorder(const Settings& s, const Rgb& pattern, float amount) {
+FloatColor WithBorder(const Settings& s, const FloatColor& pattern, float amount) {
     return s.invert ? Mix(s.border, pattern, amount) : Mix(pattern, s.border, amount);
 }
 
 // A bordered band: the pattern color of band k with the border over it, and
 // across the nearer edge the same of the next band, anti-aliased.
 template <class ColorOf>
-Rgb BorderedBand(const Settings& s, const Band& band, ColorOf&& colorOf) {
+FloatColor BorderedBand(const Settings& s, const Band& band, ColorOf&& colorOf) {
     const float amount = BorderAmount(s, band.f, band.e, band.width);
-    const Rgb own = WithBorder(s, colorOf(band.k), amount);
+    const FloatColor own = WithBorder(s, colorOf(band.k), amount);
     if (!s.smooth || band.e >= 0.5f) return own;
-    const Rgb other =
+    const FloatColor other =
         WithBorder(s, colorOf(band.across), BorderAmount(s, band.acrossF, band.e, band.width));
     return Mix(other, own, 0.5f + band.e);
 }
 
 // Two colors split at band edges, anti-aliased over the nearer edge.
 template <class ColorOf>
-Rgb PlainBand(const Settings& s, const Band& band, ColorOf&& colorOf) {
-    const Rgb own = colorOf(band.k);
+FloatColor PlainBand(const Settings& s, const Band& band, ColorOf&& colorOf) {
+    const FloatColor own = colorOf(band.k);
     if (!s.smooth || band.e >= 0.5f) return own;
     return Mix(colorOf(band.across), own, 0.5f + band.e);
 }
@@ -195,8 +180,8 @@ float Triangle(float t) {
     return 1.0f - std::fabs(2.0f * (h - std::floor(h)) - 1.0f);
 }
 
-Rgb RampColor(const Settings& s, float t) {
-    return OfRGB(s.ramp.At(t));
+FloatColor RampColor(const Settings& s, float t) {
+    return OfBytes(s.ramp.At(t));
 }
 
 // The angle coordinate of R sectors, 0..R, from the region's turn.
@@ -215,7 +200,7 @@ Band SectorBand(const Settings& s, const Site& site, float u, float v, float d) 
 
 // Stripes of `width` px along coordinate q, each its color then a share of
 // the border color at its end.
-Rgb StripeOf(const Settings& s, float q, int offset) {
+FloatColor StripeOf(const Settings& s, float q, int offset) {
     const Band band = BandOf(q / s.w, 1.0f / s.w);
     const float p = band.f * s.w, line = s.borderShare * s.w;
     float amount;
@@ -224,18 +209,18 @@ Rgb StripeOf(const Settings& s, float q, int offset) {
     } else {
         amount = p >= s.w - line ? 1.0f : 0.0f;
     }
-    const Rgb pattern = PlainBand(s, band, [&](int k) { return s.Color(k + offset); });
+    const FloatColor pattern = PlainBand(s, band, [&](int k) { return s.Color(k + offset); });
     return Mix(pattern, s.border, std::min(amount, 1.0f));
 }
 
 // The image at (u, v) from its centre.
-Rgb Sampled(const Settings& s, float u, float v, ImageSampler::Wrap wrap) {
+FloatColor Sampled(const Settings& s, float u, float v, ImageSampler::Wrap wrap) {
     float out[3];
     s.image.Sample(u + 0.5f * s.image.Width(), v + 0.5f * s.image.Height(), wrap, out);
     return {out[0], out[1], out[2]};
 }
 
-Rgb Shade(const Settings& s, const Site& site, float u, float v) {
+FloatColor Shade(const Settings& s, const Site& site, float u, float v) {
     const float d = std::sqrt(u * u + v * v);
     if (s.type == 2)
         return BorderedBand(s, BandOf(d / s.w, 1.0f / s.w), [&](int k) { return s.Color(k); });
@@ -256,7 +241,7 @@ Rgb Shade(const Settings& s, const Site& site, float u, float v) {
             const float other = BorderAmount(s, far.f, far.e, far.width);
             const int fixed = far.k;
             const float amount = std::max(other, BorderAmount(s, near.f, near.e, near.width));
-            const Rgb own = WithBorder(s, s.Color(near.k + fixed), amount);
+            const FloatColor own = WithBorder(s, s.Color(near.k + fixed), amount);
             if (!s.smooth || near.e >= 0.5f) return own;
             const float acrossAmount =
                 std::max(other, BorderAmount(s, near.acrossF, near.e, near.width));
@@ -268,7 +253,7 @@ Rgb Shade(const Settings& s, const Site& site, float u, float v) {
             const Band y = BandOf(b / s.w + 0.5f, 1.0f / s.w);
             const bool xNearer = x.e < y.e;
             const int fixed = xNearer ? y.k : x.k;
-            const Rgb& mine = s.Color(offset);
+            const FloatColor& mine = s.Color(offset);
             return PlainBand(s, xNearer ? x : y, [&](int k) {
                 const bool first = ((k + fixed) & 1) == 0;
                 return first != s.invert ? mine : s.border;
@@ -280,8 +265,8 @@ Rgb Shade(const Settings& s, const Site& site, float u, float v) {
             const float ca = std::floor(ga + 0.5f), cb = std::floor(gb + 0.5f);
             const float dd = s.w * std::hypot(ga - ca, gb - cb), radius = 0.35f * s.w;
             const int n = static_cast<int>(s.colors.size());
-            const Rgb& ground = s.colors[0];
-            const Rgb& dot =
+            const FloatColor& ground = s.colors[0];
+            const FloatColor& dot =
                 n < 2 ? ground
                       : s.colors[1 + Hash(site.hash, static_cast<int>(ca), static_cast<int>(cb)) %
                                          (n - 1)];
@@ -298,7 +283,7 @@ Rgb Shade(const Settings& s, const Site& site, float u, float v) {
                 if ((s.blur & 2) && !inside) amount = std::max(amount, 1.0f - f);
                 return WithBorder(s, inside ? dot : ground, amount);
             };
-            const Rgb own = colorAt(in, in ? fIn : fOut);
+            const FloatColor own = colorAt(in, in ? fIn : fOut);
             if (!s.smooth || e >= 0.5f) return own;
             return Mix(colorAt(!in, in ? 0.0f : 1.0f), own, 0.5f + e);
         }
@@ -310,14 +295,14 @@ Rgb Shade(const Settings& s, const Site& site, float u, float v) {
             const float shift = (row.k & 1) ? 0.5f : 0.0f;
             const Band col = BandOf(a / s.w + shift, 1.0f / s.w);
             const int n = static_cast<int>(s.colors.size());
-            const Rgb& brick = s.colors[Hash(site.hash, row.k, col.k) % n];
+            const FloatColor& brick = s.colors[Hash(site.hash, row.k, col.k) % n];
             // Mortar along the bottom of every row and the left of every brick.
             const float pb = row.f * h, pa = col.f * s.w;
             float amount;
             if (s.smooth) {
                 amount =
-                    std::min(1.0f, Overlap(pb, 0, mortar) + Overlap(pb, h, h + mortar) +
-                                       Overlap(pa, 0, mortar) + Overlap(pa, s.w, s.w + mortar));
+                    std::min(1.0f, Overlap(pb, 0.0f, mortar) + Overlap(pb, h, h + mortar) +
+                                       Overlap(pa, 0.0f, mortar) + Overlap(pa, s.w, s.w + mortar));
             } else {
                 amount = pb < mortar || pa < mortar ? 1.0f : 0.0f;
             }
@@ -356,13 +341,13 @@ Rgb Shade(const Settings& s, const Site& site, float u, float v) {
             if (t > wedge) t = 2 * wedge - t;
             return Sampled(s, d * std::cos(t), d * std::sin(t), ImageSampler::kMirror);
         }
-        default: return Rgb();
+        default: return FloatColor();
     }
 }
 
 // The sample at (x, y) of the region of `site`, its offset turned by the
 // swirl and moved by the roughness.
-Rgb ShadeAt(const Settings& s, const Site& site, float x, float y) {
+FloatColor ShadeAt(const Settings& s, const Site& site, float x, float y) {
     float u = x - site.x, v = y - site.y;
     if (s.swirl != 0.0f) {
         const float turn = s.swirl * std::sqrt(u * u + v * v);
@@ -381,8 +366,8 @@ Rgb ShadeAt(const Settings& s, const Site& site, float x, float y) {
 
 // A pixel on a border between regions, as the mean of 4 x 4 samples, each
 // of the region nearest to it among those of the pixel and its neighbours.
-Rgb Supersample(const Settings& s, const std::vector<Site>& sites, const int* const rows[3], int i,
-                int x, int y) {
+FloatColor Supersample(const Settings& s, const std::vector<Site>& sites, const int* const rows[3],
+                       int i, int x, int y) {
     int candidates[9], count = 0;
     for (int r = 0; r < 3; ++r) {
         for (int dx = -1; dx <= 1; ++dx) {
@@ -391,7 +376,7 @@ Rgb Supersample(const Settings& s, const std::vector<Site>& sites, const int* co
                 candidates[count++] = label;
         }
     }
-    Rgb sum;
+    FloatColor sum;
     for (int sy = 0; sy < 4; ++sy) {
         for (int sx = 0; sx < 4; ++sx) {
             const float px = x + (sx + 0.5f) * 0.25f, py = y + (sy + 0.5f) * 0.25f;
@@ -405,7 +390,7 @@ Rgb Supersample(const Settings& s, const std::vector<Site>& sites, const int* co
                     bestD = d;
                 }
             }
-            const Rgb c = ShadeAt(s, *best, px, py);
+            const FloatColor c = ShadeAt(s, *best, px, py);
             sum.b += c.b;
             sum.g += c.g;
             sum.r += c.r;
@@ -447,7 +432,7 @@ void RingRow(const Settings& s, const std::vector<Site>& sites,
             PutPacked(out + 3 * i, plain[k]);
             continue;
         }
-        const Rgb c = Shade(s, site, du, dv);
+        const FloatColor c = Shade(s, site, du, dv);
         out[3 * i] = static_cast<unsigned char>(c.b + 0.5f);
         out[3 * i + 1] = static_cast<unsigned char>(c.g + 0.5f);
         out[3 * i + 2] = static_cast<unsigned char>(c.r + 0.5f);
@@ -471,7 +456,7 @@ int Paint(const Settings& s, const std::vector<Site>& sites, const Picture& pict
             const float diagonal = std::hypot(static_cast<float>(part.right - part.left),
                                               static_cast<float>(part.top - part.bottom));
             for (int k = 0; k <= diagonal / s.w + 1; ++k) {
-                const Rgb& c = s.invert ? s.border : s.Color(k);
+                const FloatColor& c = s.invert ? s.border : s.Color(k);
                 plain.push_back(Packed(ColorRGB(static_cast<unsigned char>(c.r + 0.5f),
                                                 static_cast<unsigned char>(c.g + 0.5f),
                                                 static_cast<unsigned char>(c.b + 0.5f))));
@@ -500,9 +485,9 @@ int Paint(const Settings& s, const std::vector<Site>& sites, const Picture& pict
             }
             for (int i = 0; i < n; ++i) {
                 const int x = x0 + i;
-                const Rgb c = edges && OnBorder(rows, i + 1)
-                                  ? Supersample(s, sites, rows, i + 1, x, y)
-                                  : ShadeAt(s, sites[rows[1][i + 1]], x + 0.5f, y + 0.5f);
+                const FloatColor c = edges && OnBorder(rows, i + 1)
+                                         ? Supersample(s, sites, rows, i + 1, x, y)
+                                         : ShadeAt(s, sites[rows[1][i + 1]], x + 0.5f, y + 0.5f);
                 out[3 * i] = static_cast<unsigned char>(c.b + 0.5f);
                 out[3 * i + 1] = static_cast<unsigned char>(c.g + 0.5f);
                 out[3 * i + 2] = static_cast<unsigned char>(c.r + 0.5f);
@@ -510,12 +495,12 @@ int Paint(const Settings& s, const std::vector<Site>& sites, const Picture& pict
         });
 }
 
-std::vector<Rgb> PatternColors(const KTEffectDensityPattern& effect) {
-    std::vector<Rgb> colors;
+std::vector<FloatColor> PatternColors(const KTEffectDensityPattern& effect) {
+    std::vector<FloatColor> colors;
     if (effect.colors != nullptr && effect.colorCount >= 1) {
         for (int i = 0; i < effect.colorCount; ++i) colors.push_back(OfColorF(effect.colors[i]));
     } else {
-        colors = {Rgb(), {255, 255, 255}};
+        colors = {FloatColor(), {255, 255, 255}};
     }
     return colors;
 }
@@ -561,7 +546,7 @@ int RenderDensityPattern(const KTEffectDensityPattern& effect, const Picture& pi
         s.rough = Clamped(effect.roughness, 0, 1, 0) * 4.0f;
         if (s.type == 1 || s.type == 10 || s.type == 12) {
             std::vector<ColorRGB> ramp;
-            for (const Rgb& c : s.colors)
+            for (const FloatColor& c : s.colors)
                 ramp.push_back(ColorRGB(static_cast<unsigned char>(c.r + 0.5f),
                                         static_cast<unsigned char>(c.g + 0.5f),
                                         static_cast<unsigned char>(c.b + 0.5f)));

@@ -69,11 +69,6 @@ void Narrow(double p, double dp, double size, double* lo, double* hi) {
     *hi = std::min(*hi, std::max(i0, i1));
 }
 
-// The share of the pixel's footprint [p - 0.5, p + 0.5] within [0, size].
-double Overlap(double p, double size) {
-    return std::max(0.0, std::min(p + 0.5, size) - std::max(p - 0.5, 0.0));
-}
-
 // A row of the copy alone, (s, t) being its first pixel's place on the copy
 // and (ds, dt) the step: the pixels that miss the copy keep `original`,
 // those on its edge blend the two.
@@ -92,7 +87,7 @@ void ShadeAlone(const ImageSampler& sampler, const unsigned char* original, doub
     std::memcpy(out, original, 3 * static_cast<std::size_t>(first));
     std::memcpy(out + 3 * last, original + 3 * last, 3 * static_cast<std::size_t>(count - last));
     for (int i = first; i < last; ++i) {
-        const double share = Overlap(s + i * ds, w) * Overlap(t + i * dt, h);
+        const double share = Overlap(s + i * ds, 0.0, w) * Overlap(t + i * dt, 0.0, h);
         if (share >= 1.0) continue;
         const unsigned int a = static_cast<unsigned int>(share * 256.0 + 0.5);
         for (int c = 3 * i; c < 3 * i + 3; ++c)

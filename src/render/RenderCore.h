@@ -3,6 +3,7 @@
 // with the result blended into the picture by coverage.
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -96,6 +97,24 @@ inline const unsigned char* CoverageAt(const Part& part, int x, int y) {
 // The colors of an effect object as a list of at least one: a missing array
 // or a count below 1 gives black and white.
 std::vector<ColorRGB> EffectColors(const ColorRGB* colors, int count);
+
+// A color as floats 0..255, for blending without rounding between steps.
+struct FloatColor {
+    float b = 0, g = 0, r = 0;  // blue, green, red, in the picture's order
+};
+inline FloatColor OfBytes(const ColorRGB& c) {
+    return {static_cast<float>(c.blue), static_cast<float>(c.green), static_cast<float>(c.red)};
+}
+inline FloatColor Mix(const FloatColor& a, const FloatColor& b, float t) {
+    return {a.b + (b.b - a.b) * t, a.g + (b.g - a.g) * t, a.r + (b.r - a.r) * t};
+}
+
+// The share of the pixel [p - 0.5, p + 0.5] that lies in [lo, hi]: a box
+// filter's coverage along one axis.
+template <class T>
+T Overlap(T p, T lo, T hi) {
+    return std::max(T(0), std::min(p + T(0.5), hi) - std::max(p - T(0.5), lo));
+}
 
 // A color as one 32-bit value: blue, green, red from the low byte, then 0.
 inline std::uint32_t Packed(const ColorRGB& c) {
