@@ -82,16 +82,24 @@ void Report(benchmark::State& state, int result) {
     if (result != 0) state.SkipWithError("the renderer refused");
 }
 
+// Times render(picture, part, options) on the scene with `threads` threads.
+template <class Render>
+void Time(benchmark::State& state, int threads, Render&& render) {
+    Options options;
+    options.threads = threads;
+    Scene& s = TheScene();
+    for (auto _ : state) Report(state, render(s.picture, s.part, options));
+}
+
 void Gradation(benchmark::State& state, int type, int threads) {
     KTEffectGradation g;
     g.SetType(type);
     g.SetAngle(30);
     g.SetMix(1.0f);
     g.SetColors(type == 7 ? 4 : 3, kColors);
-    Options options;
-    options.threads = threads;
-    Scene& s = TheScene();
-    for (auto _ : state) Report(state, RenderGradation(g, s.picture, s.part, options));
+    Time(state, threads, [&](const Picture& picture, const Part& part, const Options& options) {
+        return RenderGradation(g, picture, part, options);
+    });
 }
 
 void Tile(benchmark::State& state, int shape, int coloring, float seam, int threads) {
@@ -101,10 +109,9 @@ void Tile(benchmark::State& state, int shape, int coloring, float seam, int thre
     t.SetSeamWidth(seam);
     t.SetColoring(coloring);
     t.SetColors(3, kColors);
-    Options options;
-    options.threads = threads;
-    Scene& s = TheScene();
-    for (auto _ : state) Report(state, RenderTile(t, s.picture, s.part, options));
+    Time(state, threads, [&](const Picture& picture, const Part& part, const Options& options) {
+        return RenderTile(t, picture, part, options);
+    });
 }
 
 void Stripe(benchmark::State& state, int direction, int texture, int threads) {
@@ -112,10 +119,9 @@ void Stripe(benchmark::State& state, int direction, int texture, int threads) {
     e.SetDirection(direction);
     e.SetTexture(texture);
     e.SetColors(3, kColors);
-    Options options;
-    options.threads = threads;
-    Scene& s = TheScene();
-    for (auto _ : state) Report(state, RenderStripe(e, s.picture, s.part, options));
+    Time(state, threads, [&](const Picture& picture, const Part& part, const Options& options) {
+        return RenderStripe(e, picture, part, options);
+    });
 }
 
 void Operation(benchmark::State& state, int which, int threads) {
@@ -146,10 +152,9 @@ void Pattern(benchmark::State& state, int type, int points, int threads) {
         state.SkipWithError("no memory for the pattern");
         return;
     }
-    Options options;
-    options.threads = threads;
-    Scene& s = TheScene();
-    for (auto _ : state) Report(state, RenderDensityPattern(e, s.picture, s.part, options));
+    Time(state, threads, [&](const Picture& picture, const Part& part, const Options& options) {
+        return RenderDensityPattern(e, picture, part, options);
+    });
 }
 
 // Repeated, turned 30 degrees, at 80 %, as the cairo yardstick paints it.
@@ -162,10 +167,9 @@ void Mapping(benchmark::State& state, int threads) {
         state.SkipWithError("no memory for the mapping");
         return;
     }
-    Options options;
-    options.threads = threads;
-    Scene& s = TheScene();
-    for (auto _ : state) Report(state, RenderMapping(m, 0.0f, s.picture, s.part, options));
+    Time(state, threads, [&](const Picture& picture, const Part& part, const Options& options) {
+        return RenderMapping(m, 0.0f, picture, part, options);
+    });
 }
 
 void Memset(benchmark::State& state) {
