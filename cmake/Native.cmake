@@ -44,7 +44,6 @@ endif()
 add_executable(vellpaint ${CMAKE_SOURCE_DIR}/tools/vellpaint/VellPaint.cpp
                          ${CMAKE_SOURCE_DIR}/tools/vellpaint/PaintCanvas.cpp
                          ${CMAKE_SOURCE_DIR}/tools/vellpaint/PaintSettings.cpp)
-target_include_directories(vellpaint SYSTEM PRIVATE /usr/include/stb)
-target_link_libraries(vellpaint PRIVATE vellrender vellcore)
+target_link_libraries(vellpaint PRIVATE vellscene vellrender vellcore)
 add_test(NAME vellpaint_cli
          COMMAND ${CMAKE_SOURCE_DIR}/tests/tools/vellpaint_test.sh $<TARGET_FILE:vellpaint>)

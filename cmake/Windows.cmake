@@ -86,8 +86,16 @@ endfunction()
 # The linker's library (libVellColor-cxx.dll.a) adds the exported classes.
 vell_host_import_library(VellColor ${VELL_DEF} VellColorImport)
 
-add_executable(VellDemoHost WIN32 tools/DemoHost.cpp)
-target_link_libraries(VellDemoHost PRIVATE VellColorImport vellcore)
+# The demo host: a small drawing program around the remote control. Its
+# windows live in a library that the tests and the benchmark drive too.
+add_library(velldemohost STATIC tools/demohost/PaintDocument.cpp tools/demohost/HostRequest.cpp
+                                tools/demohost/CanvasView.cpp tools/demohost/HostWindow.cpp
+                                tools/demohost/DemoScript.cpp)
+target_include_directories(velldemohost PUBLIC tools/demohost)
+target_link_libraries(velldemohost PUBLIC VellColorImport vellscene vellrender vellcore comctl32
+                                          comdlg32)
+add_executable(VellDemoHost WIN32 tools/demohost/DemoHost.cpp)
+target_link_libraries(VellDemoHost PRIVATE velldemohost)
 target_link_options(VellDemoHost PRIVATE -static -municode)
 
 # GoogleTest from the Debian sources, built with the cross compiler.

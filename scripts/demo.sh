@@ -1,8 +1,10 @@
 #!/usr/bin/env bash
-# The main job: builds what is missing and opens the remote control in the
-# demo host. Without a display it runs under a virtual one, saves a
-# screenshot of the screen and prints its path. VELL_SHOW=tile (or another
-# effect's notification name) opens that effect and presses update once;
+# The main job: builds what is missing and opens the demo host, a small
+# drawing program, with the remote control beside it. Without a display it
+# runs under a virtual one: the host paints a scripted sequence of effects
+# through the remote control, a screenshot of the screen is saved and its
+# path printed. VELL_SHOW=tile (or another effect's notification name)
+# instead opens that effect and presses update once;
 # VELL_SHOW=picture_list opens the picture list of the image mapping effect;
 # VELL_SHOW=picture_pattern picks an image-based isoline pattern with a
 # picture put on the clipboard.
@@ -21,7 +23,7 @@ shot="${VELL_SCREENSHOT:-$build/remote-control.png}"
 run_and_shoot() {
   "$root/scripts/wine-prefix.sh"
   (cd "$(dirname "$host")" && "$root/scripts/wine-run.sh" "$host" --quit-after 15000 \
-    ${VELL_SHOW:+--show "$VELL_SHOW"}) &
+    $([ -n "${VELL_SHOW:-}" ] && echo --show "$VELL_SHOW" || echo --script)) &
   local pid=$!
   sleep "${VELL_SHOT_DELAY:-6}"
   import -window root "$shot"

@@ -28,8 +28,7 @@ struct Canvas {
 // `what` names the picture in the message.
 void CheckSize(int width, int height, const std::string& what);
 
-// A soft diagonal blend with a few shapes, and a rounded five-lobed star as
-// the part, anti-aliased, with background left around it.
+// The sample scene, its star as the part.
 void MakeScene(int width, int height, Canvas* canvas);
 
 // The picture from a .bmp; the part from a mask .bmp of the same size whose
