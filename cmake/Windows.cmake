@@ -129,6 +129,8 @@ vell_dll_test(win_soak_tests tests/windows/SoakTest.cpp)
 vell_dll_test(win_mapping_panel_tests tests/windows/MappingPanelTest.cpp
               tests/native/BmpWriter.cpp)
 target_include_directories(win_mapping_panel_tests PRIVATE tests/native)
+vell_dll_test(win_demo_host_tests tests/windows/DemoHostTest.cpp)
+target_link_libraries(win_demo_host_tests PRIVATE velldemohost)
 
 # A host that loads and unloads the library at run time, so it imports
 # nothing from it.
@@ -154,7 +156,7 @@ add_test(NAME win_internal_tests COMMAND win_internal_tests)
 set_tests_properties(win_module_tests win_notification_tests win_settings_tests
                      win_layout_tests win_internal_tests win_color_set_tests
                      win_geometric_panel_tests win_stripe_panel_tests win_mapping_panel_tests
-                     win_isoline_panel_tests win_unload_tests win_soak_tests
+                     win_isoline_panel_tests win_unload_tests win_soak_tests win_demo_host_tests
                      PROPERTIES RUN_SERIAL TRUE TIMEOUT 600)
 include(cmake/ImagePanel.cmake)
 

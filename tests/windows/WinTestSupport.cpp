@@ -238,18 +238,18 @@ void CALLBACK PopupMenuPicker::OnTimer(HWND, UINT, UINT_PTR, DWORD) {
     PostMessageW(menuWindow, WM_KEYDOWN, g_picker->position_ < 0 ? VK_ESCAPE : VK_RETURN, 0);
 }
 
-void TypeKeys(HWND focus, const std::vector<WORD>& keys) {
+namespace {
+
+// Sends each group of key events from a second thread, a pause after each,
+// while this thread pumps; the keys go to `focus`.
+void SendKeyGroups(HWND focus, const std::vector<std::vector<INPUT>>& groups) {
     SetForegroundWindow(GetAncestor(focus, GA_ROOT));
     PumpMessages();
     SetFocus(focus);
     std::atomic<bool> done{false};
     std::thread sender([&] {
-        for (WORD key : keys) {
-            INPUT input[2] = {};
-            input[0].type = input[1].type = INPUT_KEYBOARD;
-            input[0].ki.wVk = input[1].ki.wVk = key;
-            input[1].ki.dwFlags = KEYEVENTF_KEYUP;
-            SendInput(2, input, sizeof(INPUT));
+        for (std::vector<INPUT> group : groups) {
+            SendInput(static_cast<UINT>(group.size()), group.data(), sizeof(INPUT));
             Sleep(60);
         }
         Sleep(100);
@@ -258,6 +258,30 @@ void TypeKeys(HWND focus, const std::vector<WORD>& keys) {
     PumpUntil([&] { return done.load(); }, 10000);
     sender.join();
     PumpMessages();
+}
+
+INPUT Key(WORD key, DWORD flags) {
+    INPUT input = {};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = key;
+    input.ki.dwFlags = flags;
+    return input;
+}
+
+}  // namespace
+
+void TypeKeys(HWND focus, const std::vector<WORD>& keys) {
+    std::vector<std::vector<INPUT>> groups;
+    for (WORD key : keys) groups.push_back({Key(key, 0), Key(key, KEYEVENTF_KEYUP)});
+    SendKeyGroups(focus, groups);
+}
+
+void TypeChord(HWND focus, const std::vector<WORD>& keys) {
+    std::vector<INPUT> chord;
+    for (WORD key : keys) chord.push_back(Key(key, 0));
+    for (auto key = keys.rbegin(); key != keys.rend(); ++key)
+        chord.push_back(Key(*key, KEYEVENTF_KEYUP));
+    SendKeyGroups(focus, {chord});
 }
 
 bool PutPictureOnClipboard(int w, int h, const std::function<COLORREF(int x, int y)>& color) {

@@ -109,6 +109,8 @@ std::function<void(HWND)> TypeColorIntoChooser(int red, int green, int blue);
 // Real keyboard input: a second thread sends each key with SendInput while
 // this thread pumps messages as a host's loop would. The keys go to `focus`.
 void TypeKeys(HWND focus, const std::vector<WORD>& keys);
+// The keys pressed together, as Ctrl+Z: down in order, up in reverse.
+void TypeChord(HWND focus, const std::vector<WORD>& keys);
 
 // Puts a 24-bit w x h picture on the clipboard; y counts from the top.
 bool PutPictureOnClipboard(int w, int h, const std::function<COLORREF(int x, int y)>& color);

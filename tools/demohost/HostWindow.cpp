@@ -123,6 +123,7 @@ HostWindow::HostWindow() : accelerators_(BuildAccelerators()) {
 HostWindow::~HostWindow() {
     if (IsWindow(hwnd())) DestroyWindow(hwnd());
     DestroyAcceleratorTable(accelerators_);
+    DeleteObject(listFont_);
 }
 
 bool HostWindow::Create(int width, int height, int show, bool quitOnClose) {
@@ -221,8 +222,11 @@ void HostWindow::OnCreate() {
     list_ = CreateWindowExW(WS_EX_CLIENTEDGE, L"LISTBOX", nullptr,
                             WS_CHILD | WS_VISIBLE | WS_VSCROLL | LBS_NOINTEGRALHEIGHT, 0, 0, 0, 0,
                             hwnd(), reinterpret_cast<HMENU>(kListId), instance, nullptr);
-    SendMessageW(list_, WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)),
-                 TRUE);
+    // A font whose underscores fit in the line: the names have them.
+    listFont_ = CreateFontW(-14, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
+                            OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
+                            FF_MODERN | FIXED_PITCH, L"ＭＳ ゴシック");
+    SendMessageW(list_, WM_SETFONT, reinterpret_cast<WPARAM>(listFont_), TRUE);
     status_ =
         CreateWindowExW(0, STATUSCLASSNAMEW, nullptr, WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, 0,
                         0, 0, hwnd(), reinterpret_cast<HMENU>(kStatusId), instance, nullptr);
@@ -240,7 +244,7 @@ void HostWindow::Layout() {
     MoveWindow(canvas_->hwnd(), 0, 0, client.right, canvasHeight, TRUE);
     MoveWindow(list_, 0, canvasHeight, client.right, listHeight, TRUE);
     ShowWindow(list_, listShown_ ? SW_SHOW : SW_HIDE);
-    const int edges[kStatusParts] = {200, std::max(200L, client.right - 150), -1};
+    const int edges[kStatusParts] = {180, std::max(180L, client.right - 130), -1};
     SendMessageW(status_, SB_SETPARTS, kStatusParts, reinterpret_cast<LPARAM>(edges));
     ShowSelection();  // the zoom follows the canvas's size
 }

@@ -74,6 +74,7 @@ class HostWindow {
     HACCEL accelerators_ = nullptr;
     std::unique_ptr<CanvasView> canvas_;
     HWND list_ = nullptr, status_ = nullptr, remote_ = nullptr;
+    HFONT listFont_ = nullptr;
     bool listShown_ = true, quitOnClose_ = false;
     std::wstring path_;  // where the picture was last opened or saved; "" for the scene
     vellrender::Options options_;
