@@ -164,3 +164,10 @@ include(cmake/ImagePanel.cmake)
 add_executable(OpenBench bench/OpenBench.cpp)
 target_link_libraries(OpenBench PRIVATE vell_wintest_support VellColorImport vellcore comctl32)
 target_link_options(OpenBench PRIVATE -static)
+
+# Paint latency in the demo host: a notification to the repainted window,
+# against the renderer alone and one blit of the canvas. Run by
+# scripts/bench.sh, not by the tests.
+add_executable(HostPaintBench bench/HostPaintBench.cpp)
+target_link_libraries(HostPaintBench PRIVATE velldemohost)
+target_link_options(HostPaintBench PRIVATE -static)

@@ -2,8 +2,10 @@
 # Builds and runs the benchmarks (decoding, the texture samples, the
 # renderer); each closing table gives the results as ratios against
 # baselines measured in the same run. Then, under Wine in a virtual display, the open latency against
-# the bare templates (VELL_OPEN_ROUNDS rounds, default 30) and the long soak
-# (1000 open-update-read-close cycles, 10 000 reads of every effect).
+# the bare templates (VELL_OPEN_ROUNDS rounds, default 30), the demo host's
+# paint latency against the renderer alone and one blit of the canvas
+# (VELL_PAINT_ROUNDS rounds, default 30) and the long soak (1000
+# open-update-read-close cycles, 10 000 reads of every effect).
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 ensure_tools
@@ -17,4 +19,5 @@ bin="$windows_build/bin"
 VELL_XVFB=1 "$root/scripts/with-display.sh" bash -c "
   '$root/scripts/wine-prefix.sh' &&
   '$root/scripts/wine-run.sh' '$bin/OpenBench.exe' ${VELL_OPEN_ROUNDS:-30} &&
+  '$root/scripts/wine-run.sh' '$bin/HostPaintBench.exe' ${VELL_PAINT_ROUNDS:-30} &&
   VELL_SOAK_CYCLES=1000 VELL_SOAK_READS=10000 '$root/scripts/wine-run.sh' '$bin/win_soak_tests.exe'"

@@ -103,6 +103,7 @@ TEST_F(DemoHostTest, ClickedPartTakesTheRenderersGradationAndUndoRedoRestoreIt) 
     // Without a selected part an update says so and paints nothing.
     host.SelectPart(-1);
     Click(host.remote(), 1000);
+    PumpMessages();
     EXPECT_TRUE(Pixels(picture()) == painted);
     EXPECT_NE(host.StatusText(HostWindow::kAction).find(L"No part"), std::wstring::npos);
 

@@ -18,6 +18,10 @@ const wchar_t kClassName[] = L"VellDemoHost";
 const wchar_t kCaption[] = L"VellColor demo host";
 const int kCanvasId = 100, kListId = 101, kStatusId = 102;
 const int kListHeight = 150;
+const int kMaxListLines = 2000;
+// Posted to the host itself: the list lines and the outcome of a
+// notification are shown once the canvas is repainted.
+const UINT kFlushMessage = kNotifyMessage + 1;
 
 enum Command {
     kOpen = 40001,
@@ -99,6 +103,18 @@ bool EndsWith(const std::wstring& path, const wchar_t* ending) {
     return true;
 }
 
+// The system file dialog's settings; `name` holds MAX_PATH characters.
+OPENFILENAMEW FileDialog(HWND owner, const wchar_t* filter, wchar_t* name, DWORD flags) {
+    OPENFILENAMEW dialog = {};
+    dialog.lStructSize = sizeof dialog;
+    dialog.hwndOwner = owner;
+    dialog.lpstrFilter = filter;
+    dialog.lpstrFile = name;
+    dialog.nMaxFile = MAX_PATH;
+    dialog.Flags = flags | OFN_PATHMUSTEXIST;
+    return dialog;
+}
+
 BOOL CALLBACK FindDialog(HWND hwnd, LPARAM found) {
     wchar_t name[16] = {};
     GetClassNameW(hwnd, name, 16);
@@ -175,6 +191,10 @@ LRESULT CALLBACK HostWindow::Proc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lPa
 }
 
 LRESULT HostWindow::Handle(UINT msg, WPARAM wParam, LPARAM lParam) {
+    if (msg == kFlushMessage) {
+        Flush();
+        return 0;
+    }
     if (msg == kNotifyMessage) {
         // The name lives only during this call.
         const std::string name(reinterpret_cast<const char*>(lParam));
@@ -212,6 +232,11 @@ LRESULT HostWindow::Handle(UINT msg, WPARAM wParam, LPARAM lParam) {
             remote_ = nullptr;
             if (quitOnClose_) PostQuitMessage(0);
             return 0;
+        case WM_NCDESTROY: {
+            HWND window = hwnd();
+            layout_.m_hWnd = nullptr;  // a stale handle would pass for a live one
+            return DefWindowProcW(window, msg, wParam, lParam);
+        }
         default: return DefWindowProcW(hwnd(), msg, wParam, lParam);
     }
 }
@@ -296,14 +321,13 @@ void HostWindow::OnNotification(const std::string& name) {
     for (const std::wstring& line : request.fields) AddLine(line);
     const std::wstring what = Widen(name, CP_ACP);
     if (!request.render) {
-        SetStatus(kAction, name.empty() ? L"No effect is chosen in the remote control."
-                                        : L"Nothing to paint for \"" + what + L"\".");
+        Report(name.empty() ? L"No effect is chosen in the remote control."
+                            : L"Nothing to paint for \"" + what + L"\".");
         return;
     }
     const int selected = document_.selected();
     if (selected < 0) {
-        SetStatus(kAction,
-                  L"No part is selected: click one or press Tab, then \"" + what + L"\" again.");
+        Report(L"No part is selected: click one or press Tab, then \"" + what + L"\" again.");
         return;
     }
     ++options_.seed;  // a new arrangement of every random choice each time
@@ -318,7 +342,7 @@ void HostWindow::OnNotification(const std::string& name) {
         });
     if (result != 0) {
         const char* message = ErrorMessageText(result);
-        SetStatus(kAction, what + L" failed: " + Widen(message ? message : "", CP_UTF8));
+        Report(what + L" failed: " + Widen(message ? message : "", CP_UTF8));
         return;
     }
     canvas_->Repaint(document_.Part(selected).box);
@@ -326,14 +350,43 @@ void HostWindow::OnNotification(const std::string& name) {
     std::swprintf(text, 160, L"%ls into %hs: %.1f ms", what.c_str(),
                   document_.Part(selected).name.c_str(),
                   1000.0 * (end.QuadPart - start.QuadPart) / frequency.QuadPart);
-    SetStatus(kAction, text);
-    ShowTitle();
+    Report(text);
 }
 
 void HostWindow::AddLine(const std::wstring& line) {
-    const LRESULT index =
-        SendMessageW(list_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(line.c_str()));
-    SendMessageW(list_, LB_SETCURSEL, static_cast<WPARAM>(index), 0);
+    pendingLines_.push_back(line);
+    PostFlush();
+}
+
+void HostWindow::Report(const std::wstring& outcome) {
+    pendingOutcome_ = outcome;
+    PostFlush();
+}
+
+void HostWindow::PostFlush() {
+    if (!flushPosted_) flushPosted_ = PostMessageW(hwnd(), kFlushMessage, 0, 0) != FALSE;
+}
+
+// The list redraws its scroll bar at every line added or scrolled to, which
+// is slow; it is drawn once for all the lines waiting.
+void HostWindow::Flush() {
+    flushPosted_ = false;
+    if (!pendingLines_.empty()) {
+        SendMessageW(list_, WM_SETREDRAW, FALSE, 0);
+        for (const std::wstring& line : pendingLines_)
+            SendMessageW(list_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(line.c_str()));
+        pendingLines_.clear();
+        LRESULT count = SendMessageW(list_, LB_GETCOUNT, 0, 0);
+        for (; count > kMaxListLines; --count) SendMessageW(list_, LB_DELETESTRING, 0, 0);
+        SendMessageW(list_, LB_SETCURSEL, static_cast<WPARAM>(count - 1), 0);
+        SendMessageW(list_, WM_SETREDRAW, TRUE, 0);
+        InvalidateRect(list_, nullptr, TRUE);
+    }
+    if (!pendingOutcome_.empty()) {
+        SetStatus(kAction, pendingOutcome_);
+        pendingOutcome_.clear();
+        ShowTitle();
+    }
 }
 
 void HostWindow::SetStatus(StatusPart part, const std::wstring& text) {
@@ -398,14 +451,9 @@ bool HostWindow::Save(bool askForName) {
     std::wstring path = path_;
     if (askForName || path.empty() || !(EndsWith(path, L".bmp") || EndsWith(path, L".png"))) {
         wchar_t name[MAX_PATH] = L"picture.bmp";
-        OPENFILENAMEW dialog = {};
-        dialog.lStructSize = sizeof dialog;
-        dialog.hwndOwner = hwnd();
-        dialog.lpstrFilter = L"Bitmap (*.bmp)\0*.bmp\0PNG (*.png)\0*.png\0";
-        dialog.lpstrFile = name;
-        dialog.nMaxFile = MAX_PATH;
+        OPENFILENAMEW dialog = FileDialog(hwnd(), L"Bitmap (*.bmp)\0*.bmp\0PNG (*.png)\0*.png\0",
+                                          name, OFN_OVERWRITEPROMPT);
         dialog.lpstrDefExt = L"bmp";
-        dialog.Flags = OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST;
         if (!GetSaveFileNameW(&dialog)) return false;
         path = name;
         if (dialog.nFilterIndex == 2 && !EndsWith(path, L".png")) path += L".png";
@@ -434,13 +482,8 @@ bool HostWindow::SaveFile(const std::wstring& path) {
 void HostWindow::Open() {
     if (!ConfirmDiscard()) return;
     wchar_t name[MAX_PATH] = L"";
-    OPENFILENAMEW dialog = {};
-    dialog.lStructSize = sizeof dialog;
-    dialog.hwndOwner = hwnd();
-    dialog.lpstrFilter = L"Bitmap (*.bmp)\0*.bmp\0All files\0*.*\0";
-    dialog.lpstrFile = name;
-    dialog.nMaxFile = MAX_PATH;
-    dialog.Flags = OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST;
+    OPENFILENAMEW dialog =
+        FileDialog(hwnd(), L"Bitmap (*.bmp)\0*.bmp\0All files\0*.*\0", name, OFN_FILEMUSTEXIST);
     if (GetOpenFileNameW(&dialog)) OpenFile(name);
 }
 

@@ -10,6 +10,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "CanvasView.h"
 #include "PaintDocument.h"
@@ -57,7 +58,12 @@ class HostWindow {
     void OnNotification(const std::string& name);
     void Layout();
     void PlaceBesideRemote(int canvasWidth, int canvasHeight);
+    // A line for the notification list and the outcome of a notification
+    // for the status bar: both shown once the message loop runs again.
     void AddLine(const std::wstring& line);
+    void Report(const std::wstring& outcome);
+    void PostFlush();
+    void Flush();
     void SetStatus(StatusPart part, const std::wstring& text);
     void ShowSelection();
     void ShowTitle();
@@ -75,6 +81,9 @@ class HostWindow {
     std::unique_ptr<CanvasView> canvas_;
     HWND list_ = nullptr, status_ = nullptr, remote_ = nullptr;
     HFONT listFont_ = nullptr;
+    std::vector<std::wstring> pendingLines_;
+    std::wstring pendingOutcome_;
+    bool flushPosted_ = false;
     bool listShown_ = true, quitOnClose_ = false;
     std::wstring path_;  // where the picture was last opened or saved; "" for the scene
     vellrender::Options options_;

@@ -97,6 +97,15 @@ std::string PaintDocument::Encode(bool png) const {
     return png ? vellscene::EncodePng(*image_) : vellscene::EncodeBmp(*image_);
 }
 
+int PaintDocument::AddPart(const std::string& name, std::vector<unsigned char> coverage) {
+    DocumentPart part;
+    part.name = name;
+    part.coverage.swap(coverage);
+    part.box = BoxOf(part.coverage, image_->width, image_->height);
+    parts_.push_back(std::move(part));
+    return PartCount() - 1;
+}
+
 vellrender::Part PaintDocument::RenderPart(int index) const {
     const DocumentPart& p = parts_[index];
     vellrender::Part part;
@@ -149,7 +158,8 @@ int PaintDocument::PaintSelected(const Painter& paint) {
     CopyBox(change.box, &change.before);
     const int result = paint(Picture(), RenderPart(selected_));
     if (result != 0) return result;
-    CopyBox(change.box, &change.after);
+    // The box as painted is copied only when the step is undone (see Undo):
+    // a second copy of a large box here would slow every paint.
     // A new paint ends the redo branch; the oldest paint leaves a full history.
     history_.resize(position_);
     if (savedAt_ > position_) savedAt_ = -1;
@@ -165,7 +175,10 @@ int PaintDocument::PaintSelected(const Painter& paint) {
 
 Box PaintDocument::Undo() {
     if (!CanUndo()) return Box();
-    const Change& change = history_[--position_];
+    Change& change = history_[--position_];
+    // Every later step is undone, so the box holds what this step painted:
+    // that is what Redo puts back.
+    CopyBox(change.box, &change.after);
     PasteBox(change.box, change.before);
     return change.box;
 }

@@ -60,6 +60,9 @@ class PaintDocument {
     int PartCount() const { return static_cast<int>(parts_.size()); }
     const DocumentPart& Part(int index) const { return parts_[index]; }
     vellrender::Part RenderPart(int index) const;
+    // Adds a part in front of the others (its coverage one byte per pixel of
+    // the picture) and returns its index.
+    int AddPart(const std::string& name, std::vector<unsigned char> coverage);
 
     // -1 when nothing is selected.
     int selected() const { return selected_; }
