@@ -22,6 +22,8 @@
 
 #include "HostRequest.h"
 #include "HostWindow.h"
+#include "WinBench.h"
+#include "WinTestSupport.h"
 #include "vellcolor/VellColor.h"
 
 namespace {
@@ -32,14 +34,6 @@ const double kTarget = 1.0;
 const char kEffect[] = "gradation";
 const char kPart[] = "left half";
 
-double Seconds() {
-    static LARGE_INTEGER frequency = {};
-    if (frequency.QuadPart == 0) QueryPerformanceFrequency(&frequency);
-    LARGE_INTEGER now;
-    QueryPerformanceCounter(&now);
-    return static_cast<double>(now.QuadPart) / frequency.QuadPart;
-}
-
 // Seconds that `work` takes, the GDI batch flushed inside the time.
 double Time(const std::function<void()>& work) {
     const double start = Seconds();
@@ -48,22 +42,8 @@ double Time(const std::function<void()>& work) {
     return Seconds() - start;
 }
 
-// Dispatches until nothing is left, paint messages included: PeekMessage
-// hands those out only once nothing else is queued.
-void PumpUntilIdle() {
-    MSG msg;
-    while (PeekMessageW(&msg, nullptr, 0, 0, PM_REMOVE)) {
-        TranslateMessage(&msg);
-        DispatchMessageW(&msg);
-    }
-}
-
-double MedianMs(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    const std::size_t n = values.size();
-    const double median =
-        n == 0 ? 0.0 : (n % 2 ? values[n / 2] : (values[n / 2 - 1] + values[n / 2]) / 2);
-    return median * 1000;
+double MedianMs(const std::vector<double>& seconds) {
+    return Median(seconds) * 1000;
 }
 
 struct Timings {
@@ -107,35 +87,6 @@ class CanvasCopy {
     HBITMAP bitmap_ = nullptr;
     HGDIOBJ old_ = nullptr;
 };
-
-// The settings file the library reads on open and writes on close.
-std::wstring SettingsPath() {
-    wchar_t path[MAX_PATH] = {};
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    const std::wstring p(path);
-    return p.substr(0, p.find_last_of(L"\\/")) + L"\\PXColor.ini";
-}
-
-// Reads the file and removes it; false when there was none.
-bool SetAside(const std::wstring& path, std::string* content) {
-    FILE* f = _wfopen(path.c_str(), L"rb");
-    if (f == nullptr) return false;
-    char buffer[4096];
-    for (std::size_t n; (n = std::fread(buffer, 1, sizeof buffer, f)) > 0;)
-        content->append(buffer, n);
-    std::fclose(f);
-    DeleteFileW(path.c_str());
-    return true;
-}
-
-void PutBack(const std::wstring& path, bool existed, const std::string& content) {
-    DeleteFileW(path.c_str());
-    if (!existed) return;
-    if (FILE* f = _wfopen(path.c_str(), L"wb")) {
-        std::fwrite(content.data(), 1, content.size(), f);
-        std::fclose(f);
-    }
-}
 
 int Run(int rounds) {
     demohost::HostWindow host;
@@ -260,10 +211,11 @@ int main(int argc, char** argv) {
     std::printf(
         "Paint latency in the demo host under Wine. Run it on a quiet machine: the target\n"
         "compares a few milliseconds, and any other load on the cores moves them.\n\n");
-    const std::wstring settings = SettingsPath();
-    std::string kept;
-    const bool existed = SetAside(settings, &kept);
+    const bool existed = GetFileAttributesW(SettingsPath().c_str()) != INVALID_FILE_ATTRIBUTES;
+    const std::string kept = ReadSettings();
+    RemoveSettings();
     const int result = Run(rounds);  // the remote control writes its settings on closing
-    PutBack(settings, existed, kept);
+    RemoveSettings();
+    if (existed) WriteSettings(kept);
     return result;
 }

@@ -6,7 +6,6 @@
 //
 //   OpenBench.exe [rounds]     (default 30; the first three are not counted)
 #include <windows.h>
-
 #include <commctrl.h>
 
 #include <algorithm>
@@ -16,36 +15,13 @@
 #include <vector>
 
 #include "ResourceIds.h"
+#include "WinBench.h"
 #include "WinTestSupport.h"
 
 namespace {
 
 const int kWarmUp = 3;
 const double kTarget = 1.3;
-
-double Seconds() {
-    static LARGE_INTEGER frequency = {};
-    if (frequency.QuadPart == 0) QueryPerformanceFrequency(&frequency);
-    LARGE_INTEGER now;
-    QueryPerformanceCounter(&now);
-    return static_cast<double>(now.QuadPart) / frequency.QuadPart;
-}
-
-// Dispatches until nothing is left, paint messages included: PeekMessage
-// hands those out only once nothing else is queued.
-void PumpUntilIdle() {
-    MSG msg;
-    while (PeekMessageW(&msg, nullptr, 0, 0, PM_REMOVE)) {
-        TranslateMessage(&msg);
-        DispatchMessageW(&msg);
-    }
-}
-
-double Median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    const std::size_t n = values.size();
-    return n == 0 ? 0.0 : (n % 2 ? values[n / 2] : (values[n / 2 - 1] + values[n / 2]) / 2);
-}
 
 // 64 sets of 2 to 7 colors, all shown by the gradation's count range.
 void WriteColorSets() {
@@ -84,8 +60,8 @@ double OpenRemoteControl(TestHost& host) {
 
 double OpenBareTemplates(HINSTANCE module, const std::vector<int>& panels) {
     const double start = Seconds();
-    HWND main = CreateDialogParamW(module, MAKEINTRESOURCEW(IDD_REMOTE_CONTROL), nullptr,
-                                   TrivialProc, 0);
+    HWND main =
+        CreateDialogParamW(module, MAKEINTRESOURCEW(IDD_REMOTE_CONTROL), nullptr, TrivialProc, 0);
     HWND effects = GetDlgItem(main, IDC_EFFECT_FRAME);
     HWND lower = GetDlgItem(main, IDC_LOWER_FRAME);
     for (int id : panels) {
@@ -138,10 +114,11 @@ int main(int argc, char** argv) {
     const double openMs = Median(open) * 1000;
     const double floorMs = Median(floor) * 1000;
     const double ratio = openMs / floorMs;
-    std::printf("\nOpen latency under Wine, medians of %d rounds (64 color sets; %d panel templates"
-                " in the floor%s%s)\n",
-                rounds, static_cast<int>(panels.size()), missing.empty() ? "" : ", missing:",
-                missing.c_str());
+    std::printf(
+        "\nOpen latency under Wine, medians of %d rounds (64 color sets; %d panel templates"
+        " in the floor%s%s)\n",
+        rounds, static_cast<int>(panels.size()),
+        missing.empty() ? "" : ", missing:", missing.c_str());
     std::printf("%-40s %8.1f ms\n", "PXColor_Open + show + pump", openMs);
     std::printf("%-40s %8.1f ms\n", "bare templates + show + pump (floor)", floorMs);
     std::printf("%-40s %8.2fx  (median of each round's own ratio %.2fx; target %.1fx)\n",

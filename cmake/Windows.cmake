@@ -169,5 +169,5 @@ target_link_options(OpenBench PRIVATE -static)
 # against the renderer alone and one blit of the canvas. Run by
 # scripts/bench.sh, not by the tests.
 add_executable(HostPaintBench bench/HostPaintBench.cpp)
-target_link_libraries(HostPaintBench PRIVATE velldemohost)
+target_link_libraries(HostPaintBench PRIVATE vell_wintest_support velldemohost)
 target_link_options(HostPaintBench PRIVATE -static)

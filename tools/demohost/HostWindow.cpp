@@ -247,7 +247,8 @@ void HostWindow::OnCreate() {
     list_ = CreateWindowExW(WS_EX_CLIENTEDGE, L"LISTBOX", nullptr,
                             WS_CHILD | WS_VISIBLE | WS_VSCROLL | LBS_NOINTEGRALHEIGHT, 0, 0, 0, 0,
                             hwnd(), reinterpret_cast<HMENU>(kListId), instance, nullptr);
-    // A font whose underscores fit in the line: the names have them.
+    // A font whose underscores fit in the line, for the list and the status
+    // bar: the notification names have them.
     listFont_ = CreateFontW(-14, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
                             OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
                             FF_MODERN | FIXED_PITCH, L"ＭＳ ゴシック");
@@ -255,6 +256,7 @@ void HostWindow::OnCreate() {
     status_ =
         CreateWindowExW(0, STATUSCLASSNAMEW, nullptr, WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, 0,
                         0, 0, hwnd(), reinterpret_cast<HMENU>(kStatusId), instance, nullptr);
+    SendMessageW(status_, WM_SETFONT, reinterpret_cast<WPARAM>(listFont_), TRUE);
 }
 
 void HostWindow::Layout() {
