@@ -143,7 +143,8 @@ add_test(NAME win_unload_tests COMMAND win_unload_tests)
 # Programs that link the Win32 layer itself, for what the DLL does not export.
 add_executable(win_internal_tests tests/windows/ErrorMessageTest.cpp
                                   tests/windows/BitmapDrawTest.cpp tests/windows/ClipboardTest.cpp
-                                  tests/windows/SettingsSectionTest.cpp resources/VellColor.rc)
+                                  tests/windows/SettingsSectionTest.cpp
+                                  tests/windows/PanelControlsTest.cpp resources/VellColor.rc)
 set_source_files_properties(resources/VellColor.rc PROPERTIES
   COMPILE_FLAGS "-I${CMAKE_SOURCE_DIR}/resources -c 65001")
 target_link_libraries(win_internal_tests PRIVATE vell_wintest_support vellwin vellcore

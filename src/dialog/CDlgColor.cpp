@@ -19,6 +19,7 @@
 #include "panels/CDlgMapping.h"
 #include "panels/CDlgStripe.h"
 #include "panels/CDlgTile.h"
+#include "panels/PanelControls.h"
 #include "panels/Panels.h"
 #include "panels/PatternChoices.h"
 #include "params/ColorSetText.h"
@@ -85,7 +86,9 @@ void PlacePanel(int templateId, HWND frame, int minTop) {
     Dialog* panel = PanelByTemplate(templateId);
     if (panel == nullptr || !panel->CreateModeless(frame)) return;
     // Tab and the arrow keys reach the panel's controls through the frame.
-    SetWindowLongW(frame, GWL_EXSTYLE, GetWindowLongW(frame, GWL_EXSTYLE) | WS_EX_CONTROLPARENT);
+    const LONG style = GetWindowLongW(frame, GWL_EXSTYLE);
+    if ((style & WS_EX_CONTROLPARENT) == 0)
+        SetWindowLongW(frame, GWL_EXSTYLE, style | WS_EX_CONTROLPARENT);
     RECT area, own;
     GetClientRect(frame, &area);
     GetClientRect(panel->hwnd(), &own);
@@ -121,7 +124,7 @@ BOOL CDlgColor::Create() {
 BOOL CDlgColor::OnInitDialog() {
     Dialog::OnInitDialog();
     PlacePanels();
-    CheckDlgButton(hwnd(), IDC_RADIO_GRADATION, BST_CHECKED);
+    PanelControls::SetChecked(hwnd(), IDC_RADIO_GRADATION, true);
     ChangeSubDlg(IDD_GRADATION);
     LoadParameter();
     if (HWND ok = Item(IDOK)) ShowWindow(ok, SW_HIDE);
@@ -167,7 +170,7 @@ void CDlgColor::ChangeSubDlg(int nPanelTemplateId) {
     }
     if (caption != nullptr) {
         ShowPanel(nPanelTemplateId, SW_SHOW);
-        SetDlgItemTextW(hwnd(), IDC_EFFECT_FRAME, caption);
+        SetWindowTextW(Item(IDC_EFFECT_FRAME), caption);
         if (minColors == 0) {
             ShowPanel(IDD_IMAGE_SOURCE, SW_SHOW);
         } else if (nPanelTemplateId == IDD_GRADATION && GradationPanel().GetType() == 7) {
@@ -274,7 +277,7 @@ void CDlgColor::SendToHost(const char* name) {
 void CDlgColor::OnButtonUpdate() {
     const char* name = "";
     for (const EffectRadio& radio : kEffectRadios) {
-        if (IsDlgButtonChecked(hwnd(), radio.id) == BST_CHECKED) name = radio.name;
+        if (PanelControls::IsChecked(hwnd(), radio.id)) name = radio.name;
     }
     SendToHost(name);
 }
@@ -363,10 +366,12 @@ void CDlgColor::LoadParameter() {
     GetWindowRect(hwnd(), &rect);
     const int width = rect.right - rect.left;
     const int height = rect.bottom - rect.top;
+    const int screenWidth = GetSystemMetrics(SM_CXSCREEN);
+    const int screenHeight = GetSystemMetrics(SM_CYSCREEN);
     int x = left < 0 ? 0 : left;
-    if (x + width > GetSystemMetrics(SM_CXSCREEN)) x = GetSystemMetrics(SM_CXSCREEN) - width;
+    if (x + width > screenWidth) x = screenWidth - width;
     int y = top < 0 ? 0 : top;
-    if (y + height > GetSystemMetrics(SM_CYSCREEN)) y = GetSystemMetrics(SM_CYSCREEN) - height;
+    if (y + height > screenHeight) y = screenHeight - height;
     MoveWindow(hwnd(), x, y, width, height, TRUE);
 
     if (display != 0) {

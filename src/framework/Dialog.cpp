@@ -55,6 +55,21 @@ bool Dialog::DestroyWindow() {
     return ::DestroyWindow(hwnd_) != FALSE;
 }
 
+HWND Dialog::Item(int id) const {
+    for (const auto& item : items_) {
+        if (item.first == id) return item.second;
+    }
+    HWND control = GetDlgItem(hwnd_, id);
+    // Only found controls are kept, so a miss never hides one made later.
+    if (control != nullptr) items_.emplace_back(id, control);
+    return control;
+}
+
+HWND Dialog::ItemOf(HWND dialog, int id) {
+    if (const Dialog* self = FromWindow(dialog)) return self->Item(id);
+    return GetDlgItem(dialog, id);
+}
+
 BOOL Dialog::PreTranslateMessage(MSG*) {
     return FALSE;
 }
@@ -78,6 +93,7 @@ INT_PTR CALLBACK Dialog::DialogProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM l
         self = reinterpret_cast<Dialog*>(lParam);
         SetWindowLongPtrW(hwnd, DWLP_USER, reinterpret_cast<LONG_PTR>(self));
         self->hwnd_ = hwnd;
+        self->items_.clear();
         MessageFilter::Attach();
     } else {
         self = reinterpret_cast<Dialog*>(GetWindowLongPtrW(hwnd, DWLP_USER));
@@ -94,6 +110,7 @@ INT_PTR CALLBACK Dialog::DialogProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM l
     if (msg == WM_NCDESTROY) {
         SetWindowLongPtrW(hwnd, DWLP_USER, 0);
         self->hwnd_ = nullptr;
+        self->items_.clear();
         MessageFilter::Detach();
     }
     return answer;

@@ -5,6 +5,9 @@
 
 #include <windows.h>
 
+#include <utility>
+#include <vector>
+
 #include "Export.h"
 
 class VELLCOLOR_CLASS Dialog {
@@ -23,7 +26,12 @@ class VELLCOLOR_CLASS Dialog {
     HWND hwnd() const { return hwnd_; }
     int templateId() const { return templateId_; }
     bool IsModal() const { return modal_; }
-    HWND Item(int id) const { return GetDlgItem(hwnd_, id); }
+    // A control by id. Handles are looked up once and kept while the window
+    // lives: under Wine every GetDlgItem asks the window server for the
+    // whole list of children.
+    HWND Item(int id) const;
+    // The same for a window that may be ours; plain GetDlgItem otherwise.
+    static HWND ItemOf(HWND dialog, int id);
 
     // Sees every message taken from the queue for this dialog or any window
     // inside it before it is dispatched; true consumes the message.
@@ -43,5 +51,6 @@ class VELLCOLOR_CLASS Dialog {
 
     int templateId_;
     HWND hwnd_ = nullptr;
+    mutable std::vector<std::pair<int, HWND>> items_;
     bool modal_ = false;
 };

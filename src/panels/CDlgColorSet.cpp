@@ -7,12 +7,15 @@
 
 #include "CDlgColorSlider.h"
 #include "ColorLabelPainter.h"
+#include "PanelControls.h"
 #include "ResourceIds.h"
 #include "framework/Gdi.h"
 #include "framework/PrivateMessages.h"
 #include "framework/ScrollBars.h"
 #include "framework/SystemDialogs.h"
 #include "params/ColorArithmetic.h"
+
+using namespace PanelControls;
 
 namespace {
 
@@ -71,14 +74,13 @@ BOOL CDlgColorSet::OnInitDialog() {
     // A fresh list first: setting the count below refills the list box,
     // which would otherwise fill it with the previous dialog's sets.
     setList_.reset(new ColorSetList);
-    SendDlgItemMessageW(hwnd(), IDC_SET_COUNT_SPIN, UDM_SETRANGE32, 2, 7);
-    SendDlgItemMessageW(hwnd(), IDC_SET_COUNT_SPIN, UDM_SETPOS32, 0, 2);
-    // The swatches are drawn by us from here on.
+    SetSpin(hwnd(), IDC_SET_COUNT_SPIN, 2, 7, 2);
+    // The swatches are drawn by us from here on. The panel is still hidden,
+    // so nothing here needs a repaint.
     for (int i = 0; i < kSlots; ++i) {
         HWND swatch = Item(IDC_SET_SWATCH_FIRST + i);
         const LONG style = GetWindowLongW(swatch, GWL_STYLE);
         SetWindowLongW(swatch, GWL_STYLE, (style & ~BS_TYPEMASK) | BS_OWNERDRAW);
-        InvalidateRect(swatch, nullptr, TRUE);
     }
 
     // The list drops down ten times as far as the closed box is high.
@@ -87,7 +89,7 @@ BOOL CDlgColorSet::OnInitDialog() {
     GetClientRect(combo, &client);
     GetWindowRect(combo, &frame);
     MapWindowPoints(nullptr, hwnd(), reinterpret_cast<POINT*>(&frame), 2);
-    MoveWindow(combo, frame.left, frame.top, frame.right - frame.left, client.bottom * 10, TRUE);
+    MoveWindow(combo, frame.left, frame.top, frame.right - frame.left, client.bottom * 10, FALSE);
     RefillColorSetCombo(0);
     UpdateEnabledButtons();
     return TRUE;
@@ -95,8 +97,8 @@ BOOL CDlgColorSet::OnInitDialog() {
 
 void CDlgColorSet::CountRange(int* min, int* max) const {
     *min = *max = 0;
-    SendDlgItemMessageW(hwnd(), IDC_SET_COUNT_SPIN, UDM_GETRANGE32, reinterpret_cast<WPARAM>(min),
-                        reinterpret_cast<LPARAM>(max));
+    SendMessageW(Item(IDC_SET_COUNT_SPIN), UDM_GETRANGE32, reinterpret_cast<WPARAM>(min),
+                 reinterpret_cast<LPARAM>(max));
 }
 
 void CDlgColorSet::SetColorCountRange(int min, int max) {
@@ -106,7 +108,7 @@ void CDlgColorSet::SetColorCountRange(int min, int max) {
         return;
     }
     ShowWindow(hwnd(), SW_SHOW);
-    SendDlgItemMessageW(hwnd(), IDC_SET_COUNT_SPIN, UDM_SETRANGE32, min, max);
+    SendMessageW(Item(IDC_SET_COUNT_SPIN), UDM_SETRANGE32, min, max);
     if (min == max) {
         ShowWindow(Item(IDC_SET_COUNT_SPIN), SW_HIDE);
         SetColorCount(max);
@@ -121,19 +123,18 @@ void CDlgColorSet::SetColorCountRange(int min, int max) {
 
 int CDlgColorSet::GetColorCount() const {
     if (hwnd() == nullptr) return 0;
-    BOOL ok = FALSE;
-    return static_cast<int>(GetDlgItemInt(hwnd(), IDC_SET_COUNT, &ok, TRUE));
+    return ReadInt(hwnd(), IDC_SET_COUNT);
 }
 
 void CDlgColorSet::SetColorCount(int count) {
     // The edit follows the up-down, and its change runs OnCountChanged.
-    SendDlgItemMessageW(hwnd(), IDC_SET_COUNT_SPIN, UDM_SETPOS32, 0, count);
+    SendMessageW(Item(IDC_SET_COUNT_SPIN), UDM_SETPOS32, 0, count);
 }
 
 void CDlgColorSet::GetColor(int index, unsigned char* r, unsigned char* g, unsigned char* b) const {
     ColorRGB color;
     if (index >= 0 && index < kSlots) color = palette_[index];
-    if (hwnd() != nullptr && IsDlgButtonChecked(hwnd(), IDC_SET_FLUCTUATION) == BST_CHECKED) {
+    if (hwnd() != nullptr && IsChecked(hwnd(), IDC_SET_FLUCTUATION)) {
         color = Fluctuate(color);
     }
     *r = color.red;

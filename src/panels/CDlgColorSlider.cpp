@@ -2,6 +2,7 @@
 
 #include <commctrl.h>
 
+#include "PanelControls.h"
 #include "ResourceIds.h"
 #include "framework/Gdi.h"
 #include "framework/PrivateMessages.h"
@@ -38,8 +39,7 @@ BOOL CDlgColorSlider::OnInitDialog() {
     SetScrollPos(Item(IDC_SLIDER_BLUE), SB_CTL, color_.red, TRUE);
     SetScrollPos(Item(IDC_SLIDER_BLUE), SB_CTL, color_.green, TRUE);
     SetScrollPos(Item(IDC_SLIDER_BLUE), SB_CTL, color_.blue, TRUE);
-    SendDlgItemMessageW(hwnd(), IDC_SLIDER_SLOT_SPIN, UDM_SETRANGE32, 1, count_);
-    SendDlgItemMessageW(hwnd(), IDC_SLIDER_SLOT_SPIN, UDM_SETPOS32, 0, slot_ + 1);
+    PanelControls::SetSpin(hwnd(), IDC_SLIDER_SLOT_SPIN, 1, count_, slot_ + 1);
     initializing_ = false;
     return TRUE;
 }
@@ -85,8 +85,7 @@ void CDlgColorSlider::OnScroll(HWND bar, int code, int thumb) {
 void CDlgColorSlider::OnSlotNumberChanged() {
     // The number set while the dialog opens is not a step to another slot.
     if (initializing_) return;
-    BOOL ok = FALSE;
-    const int slot = static_cast<int>(GetDlgItemInt(hwnd(), IDC_SLIDER_SLOT, &ok, TRUE)) - 1;
+    const int slot = PanelControls::ReadInt(hwnd(), IDC_SLIDER_SLOT) - 1;
     if (slot < 0 || !FetchSlot(slot)) return;
     SetScrollPos(Item(IDC_SLIDER_RED), SB_CTL, color_.red, TRUE);
     SetScrollPos(Item(IDC_SLIDER_GREEN), SB_CTL, color_.green, TRUE);

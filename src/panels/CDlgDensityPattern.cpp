@@ -44,10 +44,9 @@ CDlgDensityPattern::CDlgDensityPattern() : Dialog(IDD_ISOLINE_PATTERN) {}
 
 BOOL CDlgDensityPattern::OnInitDialog() {
     for (const wchar_t* item : kPatternListItems) {
-        SendDlgItemMessageW(hwnd(), IDC_PATTERN_TYPE, LB_ADDSTRING, 0,
-                            reinterpret_cast<LPARAM>(item));
+        SendMessageW(Item(IDC_PATTERN_TYPE), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item));
     }
-    SendDlgItemMessageW(hwnd(), IDC_PATTERN_TYPE, LB_SETCURSEL, 0, 0);
+    SendMessageW(Item(IDC_PATTERN_TYPE), LB_SETCURSEL, 0, 0);
     SetSpin(hwnd(), IDC_PATTERN_POINTS_SPIN, 1, 10, 2);
     SetSpin(hwnd(), IDC_PATTERN_ISOLINE_WIDTH_SPIN, 2, 100, 12);
     SetSpin(hwnd(), IDC_PATTERN_RADIAL_LINES_SPIN, 2, 60, 30);

@@ -71,7 +71,7 @@ bool CDlgMapping::OnMessage(UINT msg, WPARAM wParam, LPARAM lParam, LRESULT* res
             const int code = HIWORD(wParam);
             if (id == IDC_MAP_SCALE && code == EN_CHANGE) {
                 // Typing a scale means the user wants that scale, not a fit.
-                SendDlgItemMessageW(hwnd(), IDC_MAP_FIT_WHOLE, BM_SETCHECK, BST_UNCHECKED, 0);
+                SetChecked(hwnd(), IDC_MAP_FIT_WHOLE, false);
                 return true;
             }
             if (code != BN_CLICKED) return false;

@@ -76,13 +76,12 @@ BOOL CDlgStripe::OnInitDialog() {
     backgroundColor = ColorRGB(255, 255, 255);
     direction = 1;
     SetChecked(hwnd(), IDC_STRIPE_GIVEN_COLOR, true);
-    RenderSamples();
     texture = 0;
     UpdateArrows();
     return TRUE;
 }
 
-void CDlgStripe::RenderSamples() {
+void CDlgStripe::RenderSamples() const {
     int sizes[kTextureCount][2];
     BitmapImage* images[kTextureCount];
     for (int i = 0; i < kTextureCount; ++i) {
@@ -98,7 +97,9 @@ void CDlgStripe::RenderSamples() {
 }
 
 const BitmapImage* CDlgStripe::GetSample(int index) const {
-    return index >= 0 && index < kTextureCount ? samples[index].get() : nullptr;
+    if (index < 0 || index >= kTextureCount || hwnd() == nullptr) return nullptr;
+    if (samples[0] == nullptr) RenderSamples();
+    return samples[index].get();
 }
 
 void CDlgStripe::CollectParameters(KTEffectStripe& stripe) const {
@@ -150,7 +151,7 @@ void CDlgStripe::DrawDirection(const DRAWITEMSTRUCT& item, int code) const {
 }
 
 void CDlgStripe::DrawTexture(const DRAWITEMSTRUCT& item, int index) const {
-    const BitmapImage* sample = samples[index].get();
+    const BitmapImage* sample = GetSample(index);
     if (sample != nullptr)
         sample->DrawRegion(item.hDC, 0, 0, sample->GetWidth() - 1, sample->GetHeight() - 1);
     FrameChoice(item, index == texture);

@@ -1,6 +1,6 @@
 // The stripe panel: interval, pattern width, direction, crossing brightness,
-// background and one of eight textures, whose grey samples it renders onto
-// its buttons when it opens.
+// background and one of eight textures, whose grey samples it renders for
+// its buttons when they are first drawn.
 #pragma once
 
 #include <windows.h>
@@ -24,7 +24,8 @@ class CDlgStripe : public Dialog {
     void CollectParameters(KTEffectStripe& stripe) const;
     int GetDirection() const { return direction; }
     int GetTexture() const { return texture; }
-    // The rendered sample of a texture, or null outside the panel's life.
+    // The rendered sample of a texture, or null outside the panel's life;
+    // the first call renders all of them.
     const BitmapImage* GetSample(int texture) const;
 
     BOOL PreTranslateMessage(MSG* msg) override;
@@ -34,7 +35,7 @@ class CDlgStripe : public Dialog {
     bool OnMessage(UINT msg, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
 
   private:
-    void RenderSamples();
+    void RenderSamples() const;
     void OnCommand(int id);
     void DrawItem(const DRAWITEMSTRUCT& item) const;
     void DrawDirection(const DRAWITEMSTRUCT& item, int code) const;
@@ -45,5 +46,5 @@ class CDlgStripe : public Dialog {
     ColorRGB backgroundColor;
     int direction;
     int texture;
-    std::unique_ptr<BitmapImage> samples[kTextureCount];
+    mutable std::unique_ptr<BitmapImage> samples[kTextureCount];
 };

@@ -2,7 +2,13 @@
 
 #include <commctrl.h>
 
+#include <cerrno>
+#include <climits>
+#include <cwchar>
+#include <string>
+
 #include "ColorLabelPainter.h"
+#include "framework/Dialog.h"
 #include "framework/PrivateMessages.h"
 #include "framework/ScrollBars.h"
 #include "framework/SystemDialogs.h"
@@ -11,41 +17,57 @@
 namespace PanelControls {
 
 int ReadInt(HWND dialog, int id) {
-    BOOL ok = FALSE;
-    return static_cast<int>(GetDlgItemInt(dialog, id, &ok, TRUE));
+    return ReadInt(Dialog::ItemOf(dialog, id));
+}
+
+// Read as GetDlgItemInt reads a signed value: leading blanks, a sign and
+// digits, the rest ignored.
+int ReadInt(HWND edit) {
+    wchar_t text[32] = {};
+    if (edit == nullptr || GetWindowTextW(edit, text, 32) == 0) return 0;
+    wchar_t* end = nullptr;
+    errno = 0;
+    const long value = std::wcstol(text, &end, 10);
+    if (end == text) return 0;
+    if ((value == LONG_MIN || value == LONG_MAX) && errno == ERANGE) return 0;
+    return static_cast<int>(value);
 }
 
 void WriteInt(HWND dialog, int id, int value) {
-    SetDlgItemInt(dialog, id, static_cast<UINT>(value), TRUE);
+    SetWindowTextW(Dialog::ItemOf(dialog, id), std::to_wstring(value).c_str());
 }
 
 bool IsChecked(HWND dialog, int id) {
-    return IsDlgButtonChecked(dialog, id) == BST_CHECKED;
+    return SendMessageW(Dialog::ItemOf(dialog, id), BM_GETCHECK, 0, 0) == BST_CHECKED;
 }
 
 void SetChecked(HWND dialog, int id, bool checked) {
-    CheckDlgButton(dialog, id, checked ? BST_CHECKED : BST_UNCHECKED);
+    SendMessageW(Dialog::ItemOf(dialog, id), BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED, 0);
 }
 
 void SetSpin(HWND dialog, int id, int min, int max, int position) {
-    SendDlgItemMessageW(dialog, id, UDM_SETRANGE32, min, max);
-    SendDlgItemMessageW(dialog, id, UDM_SETPOS32, 0, position);
+    HWND spin = Dialog::ItemOf(dialog, id);
+    SendMessageW(spin, UDM_SETRANGE32, min, max);
+    SendMessageW(spin, UDM_SETPOS32, 0, position);
 }
 
 void SetBar(HWND dialog, int id, int min, int max, int position) {
-    HWND bar = GetDlgItem(dialog, id);
-    SetScrollRange(bar, SB_CTL, min, max, TRUE);
-    SetScrollPos(bar, SB_CTL, position, TRUE);
+    HWND bar = Dialog::ItemOf(dialog, id);
+    // A hidden bar is drawn whole when it is shown.
+    const BOOL redraw = IsWindowVisible(bar);
+    SetScrollRange(bar, SB_CTL, min, max, redraw);
+    SetScrollPos(bar, SB_CTL, position, redraw);
 }
 
 int BarPosition(HWND dialog, int id) {
-    return GetScrollPos(GetDlgItem(dialog, id), SB_CTL);
+    return GetScrollPos(Dialog::ItemOf(dialog, id), SB_CTL);
 }
 
 float BarFraction(HWND dialog, int id) {
     int min = 0, max = 0;
-    GetScrollRange(GetDlgItem(dialog, id), SB_CTL, &min, &max);
-    return max == 0 ? 0.0f : static_cast<float>(BarPosition(dialog, id)) / max;
+    HWND bar = Dialog::ItemOf(dialog, id);
+    GetScrollRange(bar, SB_CTL, &min, &max);
+    return max == 0 ? 0.0f : static_cast<float>(GetScrollPos(bar, SB_CTL)) / max;
 }
 
 void OnBarScroll(WPARAM wParam, LPARAM lParam) {
@@ -56,7 +78,7 @@ void OnBarScroll(WPARAM wParam, LPARAM lParam) {
 
 void Enable(HWND dialog, std::initializer_list<int> ids, bool enable) {
     for (int id : ids) {
-        HWND control = GetDlgItem(dialog, id);
+        HWND control = Dialog::ItemOf(dialog, id);
         if (control != nullptr && (IsWindowEnabled(control) != FALSE) != enable) {
             EnableWindow(control, enable ? TRUE : FALSE);
         }

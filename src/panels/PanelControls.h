@@ -13,6 +13,7 @@ namespace PanelControls {
 // The edit's text as a signed integer, without an error check: empty or
 // non-numeric text gives 0.
 int ReadInt(HWND dialog, int id);
+int ReadInt(HWND edit);
 void WriteInt(HWND dialog, int id, int value);
 
 bool IsChecked(HWND dialog, int id);
@@ -21,7 +22,8 @@ void SetChecked(HWND dialog, int id, bool checked);
 // An up-down control's range and position.
 void SetSpin(HWND dialog, int id, int min, int max, int position);
 
-// A slider-like scroll bar: its range with redraw, then its position.
+// A slider-like scroll bar: its range, then its position, redrawn when the
+// bar shows.
 void SetBar(HWND dialog, int id, int min, int max, int position);
 int BarPosition(HWND dialog, int id);
 // Position divided by the range's maximum.
