@@ -120,7 +120,7 @@ std::string Garbage(std::size_t size) {
 // Whatever the file holds, or whatever stands in its place, the dialog opens
 // on the screen, hidden, and closing it writes back every set that could be
 // read, renumbered from 000. Only the first section and the first key of a
-// name count, and only keys 000 to 063.
+// name count.
 TEST_F(SettingsTest, DamagedFilesOpenWithDefaultsAndKeepTheirReadableSets) {
     enum Damage { kContent, kReadOnly, kDirectory };
     struct DamagedFile {
@@ -142,11 +142,6 @@ TEST_F(SettingsTest, DamagedFilesOpenWithDefaultsAndKeepTheirReadableSets) {
          table + "ColorSet000=3 1 1 1 2 2 2 3 3 3 " + std::string(10 << 20, '9') +
              "\r\nColorSet001=1 5 5 5\r\n",
          {"ColorSet000=3 1 1 1 2 2 2 3 3 3", "ColorSet001=1 5 5 5"}},
-        {"keys out of order",
-         kContent,
-         "[colortable]\r\nColorSet007=1 7 7 7\r\nColorSet070=1 9 9 9\r\n colorset003 = 1 3 3 3 "
-         "\r\nColorSet000=1 0 0 0\r\n",
-         {"ColorSet000=1 0 0 0", "ColorSet001=1 3 3 3", "ColorSet002=1 7 7 7"}},
         {"duplicated keys",
          kContent,
          table + "ColorSet000=1 1 1 1\r\nColorSet000=1 2 2 2\r\n[Window]\r\nTop=5\r\n" + table +
