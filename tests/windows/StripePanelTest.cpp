@@ -83,6 +83,8 @@ TEST_F(StripePanelTest, ButtonsShowTheirGlyphsAndSamples) {
         {1118, t.right / 2, t.bottom / 2, RGB(0, 0, 0)},
         {1118, t.right / 2, 2, RGB(255, 255, 255)},
         {1118, t.right / 2, t.bottom - 3, RGB(255, 255, 255)},
+        // The background button is filled with its color, white at first.
+        {1101, 2, 2, RGB(255, 255, 255)},
     };
     for (const auto& p : pixels)
         EXPECT_EQ(ScreenPixel(GetDlgItem(panel, p.button), p.x, p.y), p.color) << p.button;
