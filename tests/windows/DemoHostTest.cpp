@@ -144,19 +144,11 @@ TEST_F(DemoHostTest, RefusedFileChangesNothingAndSavedPictureOpensTheSame) {
     EXPECT_TRUE(Pixels(picture()) == scene);
     host.document().Redo();
 
-    for (const wchar_t* name : {L"vell-demo-saved.bmp", L"vell-demo-saved.png"}) {
-        ASSERT_TRUE(host.SaveFile(TempFile(name)));
-        EXPECT_FALSE(host.document().Modified());
-    }
+    ASSERT_TRUE(host.SaveFile(TempFile(L"vell-demo-saved.bmp")));
+    EXPECT_FALSE(host.document().Modified());
     ASSERT_TRUE(host.OpenFile(TempFile(L"vell-demo-saved.bmp")));
     EXPECT_TRUE(Pixels(picture()) == painted);
     EXPECT_FALSE(host.document().CanUndo());
-    FILE* png = _wfopen(TempFile(L"vell-demo-saved.png").c_str(), L"rb");
-    ASSERT_NE(png, nullptr);
-    char signature[4] = {};
-    std::fread(signature, 1, 4, png);
-    std::fclose(png);
-    EXPECT_EQ(std::string(signature, 4), "\x89PNG");
 }
 
 }  // namespace
