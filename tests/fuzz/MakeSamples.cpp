@@ -1,8 +1,6 @@
-// Writes the fuzzers' seed corpora: packed DIBs of every accepted depth and
-// a few refused ones, as files and clipboard blocks hold them, paths with
-// the splitter's odd cases, and color set values as the settings file holds
-// them, well formed and not, and starting bytes for the renderer, among them
-// every isoline pattern type and the mapping's placements.
+// Writes the fuzzers' seed corpora: packed DIBs of every accepted depth and a few refused
+// ones, as files and clipboard blocks hold them; odd paths; color set values, well formed
+// and not; renderer inputs, among them every isoline pattern type and mapping placement.
 #include <sys/stat.h>
 
 #include <cstdint>
@@ -22,11 +20,9 @@ void WriteTexts(const std::string& dir, const std::string& prefix,
     }
 }
 
-// A renderer input in the order the target reads it: a 40 x 30 picture with
-// a disc as the part, seed `salt`, one thread, then the effect's selector
-// and its first fields as `fields` give them. The target reads from the end
-// of its input, so these bytes go last and backwards, after varied bytes
-// for the fields not given.
+// A renderer input: a 40 x 30 picture with a disc as the part, seed `salt`, one thread,
+// the effect's selector and its first fields. The target reads these from the end of
+// its input, so they go last and backwards, after varied bytes for the other fields.
 std::string RenderSeed(int effect, std::vector<std::uint8_t> fields, int salt) {
     const std::uint8_t e = static_cast<std::uint8_t>(effect), s = static_cast<std::uint8_t>(salt);
     // Size, padding, a disc of radius 15, its own box, seed, threads, dither.
@@ -59,12 +55,7 @@ int main(int argc, char** argv) {
         {"block-rgb32", 3, 32, 0, 40, true},
     };
     for (const auto& seed : seeds) {
-        BmpLayout layout;
-        layout.width = 5;
-        layout.height = seed.height;
-        layout.bitCount = seed.bitCount;
-        layout.compression = seed.compression;
-        layout.headerSize = seed.headerSize;
+        BmpLayout layout(5, seed.height, seed.bitCount, seed.compression, seed.headerSize);
         if (seed.compression == 3) {
             layout.masks = seed.bitCount == 16 ? std::vector<std::uint32_t>{0xF800, 0x07E0, 0x001F}
                                                : std::vector<std::uint32_t>{0xFF0000, 0xFF00, 0xFF};
@@ -80,9 +71,7 @@ int main(int argc, char** argv) {
                              : DibBlockOf(file));
     }
     // A block whose header claims 100 x 100 pixels in 45 bytes.
-    BmpLayout claims;
-    claims.width = claims.height = 100;
-    const std::vector<std::uint8_t> file = MakeBmp(claims);
+    const std::vector<std::uint8_t> file = MakeBmp(BmpLayout(100, 100));
     WriteFile(dibs + "/block-claims-more",
               std::vector<std::uint8_t>(file.begin() + 14, file.begin() + 59));
 
@@ -106,11 +95,9 @@ int main(int argc, char** argv) {
     std::vector<std::string> effects;
     for (std::uint8_t type = 0; type <= 15; ++type)
         effects.push_back(RenderSeed(kPattern, {0, type, 2, 5, 2, 15}, type));
-    for (std::uint8_t repeat = 0; repeat <= 1; ++repeat) {
-        for (std::uint8_t seamless = 0; seamless <= 1; ++seamless)
-            effects.push_back(
-                RenderSeed(kMapping, {0, repeat, 0, seamless}, 2 * repeat + seamless));
-    }
+    for (std::uint8_t i = 0; i < 4; ++i)
+        effects.push_back(
+            RenderSeed(kMapping, {0, std::uint8_t(i / 2), 0, std::uint8_t(i % 2)}, i));
     WriteTexts(root + "/render", "effect", effects);
     return 0;
 }

@@ -1,7 +1,6 @@
-// libFuzzer target: the text of a registered color set, as the settings
-// file holds it. Whatever the value, parsing either refuses it and leaves
-// the working record alone, or yields a set that formats to a value the
-// reader takes back whole and unchanged.
+// libFuzzer target: the text of a registered color set, as the settings file holds it.
+// Parsing either refuses it and leaves the working record alone, or yields a set that
+// formats to a value the reader takes back whole and unchanged.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -17,18 +16,7 @@ namespace {
 const std::size_t kReadLimit = 511;
 
 bool SameSlotsFrom(int first, const ColorSetRecord& a, const ColorSetRecord& b) {
-    for (int i = first; i < ColorSetRecord::kMaxColors; ++i) {
-        if (a.colors[i] != b.colors[i]) return false;
-    }
-    return true;
-}
-
-void RoundTrip(const ColorSetRecord& set) {
-    const std::string text = FormatColorSet(set);
-    if (text.size() > kReadLimit) std::abort();
-    ColorSetRecord back;
-    if (!ParseColorSet(text, &back) || !(back == set) || FormatColorSet(back) != text)
-        std::abort();
+    return std::equal(a.colors + first, a.colors + ColorSetRecord::kMaxColors, b.colors + first);
 }
 
 }  // namespace
@@ -37,8 +25,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // The working record carries earlier sets' colors into a short value;
     // start it from the input's first bytes.
     ColorSetRecord working;
-    if (size > 0)
-        std::memcpy(working.colors, data, std::min(size, sizeof working.colors));
+    if (size > 0) std::memcpy(working.colors, data, std::min(size, sizeof working.colors));
     working.count = 5;
     const ColorSetRecord before = working;
 
@@ -49,6 +36,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (working.count < 1 || working.count > ColorSetRecord::kMaxColors) std::abort();
     // Slots beyond the count are carried, never written.
     if (!SameSlotsFrom(working.count, working, before)) std::abort();
-    RoundTrip(working);
+    // It formats to a value the reader takes back whole and unchanged.
+    const std::string text = FormatColorSet(working);
+    ColorSetRecord back;
+    if (text.size() > kReadLimit || !ParseColorSet(text, &back) || !(back == working) ||
+        FormatColorSet(back) != text)
+        std::abort();
     return 0;
 }

@@ -1,7 +1,6 @@
-// libFuzzer target: the packed-DIB reader over arbitrary bytes, then the
-// conversion and copy of whatever it accepted. The bytes are the whole
-// block, as a global memory block's size bounds it on Windows, so any read
-// past them is caught.
+// libFuzzer target: the packed-DIB reader over arbitrary bytes, then the conversion and
+// copy of whatever it accepted. The bytes are the whole block, as a global memory
+// block's size bounds it on Windows, so any read past them is caught.
 #include <cstddef>
 #include <cstdint>
 

@@ -1,9 +1,8 @@
-// libFuzzer target: the reference renderer on small random pictures and parts
-// with every field of its object drawn from the bytes, NaN, infinities, huge,
-// negative and zero values, unknown codes, 0 to 9 colors and, for the
-// isoline pattern and the mapping, no image, a 1 x 1 one or a small random
-// one among them. Whatever it is given, it returns 0 (or -2 without memory)
-// and no byte outside the part changes, row padding included.
+// libFuzzer target: the reference renderer on small random pictures and parts, every
+// field of its object drawn from the bytes (NaN, infinities, huge, negative and zero
+// values, unknown codes, 0 to 9 colors; no image, a 1 x 1 one or a small random one).
+// Whatever it is given, it returns 0 (or -2 without memory) and no byte outside the
+// part changes, row padding included.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <climits>
@@ -36,16 +35,13 @@ int AnyCode(FuzzedDataProvider& data, std::initializer_list<const int> known) {
 }
 
 ColorRGB AnyColor(FuzzedDataProvider& data) {
-    const std::uint32_t rgb = data.ConsumeIntegral<std::uint32_t>();
-    return ColorRGB::FromColorRef(rgb);
+    return ColorRGB::FromColorRef(data.ConsumeIntegral<std::uint32_t>());
 }
 
 // Channels anywhere, NaN and infinities included, not only 0..1.
 ColorF AnyColorF(FuzzedDataProvider& data) {
     ColorF c;
-    c.red = AnyFloat(data);
-    c.green = AnyFloat(data);
-    c.blue = AnyFloat(data);
+    for (float* channel : {&c.red, &c.green, &c.blue}) *channel = AnyFloat(data);
     return c;
 }
 
@@ -80,103 +76,76 @@ BitmapImage* AnyImage(FuzzedDataProvider& data) {
     const int h = kind == 1 ? 1 : data.ConsumeIntegralInRange(1, 16);
     BitmapImage* image = BitmapImage::NewEmpty();
     if (image == nullptr || image->Create(w, h, 3, 0) != 0) std::abort();
-    for (unsigned i = 0; i < image->pixelBytes; ++i) {
+    for (unsigned i = 0; i < image->pixelBytes; ++i)
         image->pixels[i] = data.ConsumeIntegral<unsigned char>();
-    }
     return image;
 }
 
-int RenderAnyGradation(FuzzedDataProvider& data, const Picture& p, const Part& part,
-                       const Options& o) {
-    KTEffectGradation g;
-    g.type = AnyCode(data, {0, 1, 3, 4, 5, 6, 7, 8, 101, 104, 105, 106, 107, 108});
-    g.hueInterpolation = data.ConsumeIntegralInRange(-1, 1);
-    g.factor = AnyFloat(data);
-    g.bias = AnyFloat(data);
-    g.angle = AnyFloat(data);
-    g.repeat = data.ConsumeBool() ? data.ConsumeIntegralInRange(1, 8) : data.ConsumeIntegral<int>();
-    g.mix = AnyFloat(data);
-    g.spiralAngle = AnyFloat(data);
-    SetAnyColors(data, g, AnyColor);
-    return RenderGradation(g, p, part, o);
-}
-
-int RenderAnyTile(FuzzedDataProvider& data, const Picture& p, const Part& part, const Options& o) {
-    KTEffectTile t;
-    t.shape = AnyCode(data, {0, 1, 2, 3});
-    t.width = AnyFloat(data);
-    t.height = AnyFloat(data);
-    t.rowShift = AnyFloat(data);
-    t.seamWidth = AnyFloat(data);
-    t.transparentSeam = data.ConsumeIntegralInRange(-1, 1);
-    t.roundCorners = data.ConsumeIntegralInRange(-1, 1);
-    t.cornerCut = AnyFloat(data);
-    t.angle = AnyFloat(data);
-    t.coloring = AnyCode(data, {0, 1, 2, 3, 4});
-    t.seamColor = AnyColor(data);
-    SetAnyColors(data, t, AnyColor);
-    return RenderTile(t, p, part, o);
-}
-
-int RenderAnyStripe(FuzzedDataProvider& data, const Picture& p, const Part& part,
-                    const Options& o) {
-    KTEffectStripe s;
-    s.interval = AnyFloat(data);
-    s.patternWidth = AnyFloat(data);
-    s.direction = AnyCode(data, {1, 2, 3, 4, 5, 6});
-    s.intersectionBrightness = AnyFloat(data);
-    s.texture = AnyCode(data, {0, 1, 2, 3, 4, 5, 6, 7});
-    s.backgroundMode = AnyCode(data, {0, 1});
-    s.backgroundColor = AnyColor(data);
-    SetAnyColors(data, s, AnyColor);
-    return RenderStripe(s, p, part, o);
-}
-
-// Fields set directly, past what the setters let through.
-int RenderAnyPattern(FuzzedDataProvider& data, const Picture& p, const Part& part,
-                     const Options& o) {
-    KTEffectDensityPattern e;
-    e.patternType = AnyCode(data, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15});
-    e.referencePoints = AnyCount(data);
-    e.radialLines = AnyCount(data);
-    e.removeJaggies = AnyCode(data, {0, 1});
-    e.invertColors = AnyCode(data, {0, 1});
-    e.borderColor = AnyColorF(data);
-    e.borderWidth = AnyFloat(data);
-    e.blurDirection = AnyCode(data, {0, 1, 2, 3});
-    e.isolineWidth = AnyFloat(data);
-    e.swirl = AnyFloat(data);
-    e.roughness = AnyFloat(data);
-    e.imageSize = AnyFloat(data);
-    SetAnyColors(data, e, AnyColorF);
-    e.image = AnyImage(data);
-    return RenderDensityPattern(e, p, part, o);
-}
-
-int RenderAnyMapping(FuzzedDataProvider& data, const Picture& p, const Part& part,
-                     const Options& o) {
-    KTMapping m;
-    m.repeat = AnyCode(data, {0, 1});
-    m.seamless = AnyCode(data, {0, 1});
-    m.fitWhole = AnyCode(data, {0, 1});
-    m.scale = AnyFloat(data);
-    m.angle = AnyFloat(data);
-    m.assigned = AnyCode(data, {0, 1});
-    m.image = AnyImage(data);
-    const float stretch = AnyFloat(data);
-    return RenderMapping(m, stretch, p, part, o);
-}
-
+// Fields are set directly, past what the setters let through.
 int RenderAny(FuzzedDataProvider& data, const Picture& p, const Part& part, const Options& o) {
     switch (data.ConsumeIntegralInRange(0, 8)) {
-        case 0: return RenderAnyGradation(data, p, part, o);
-        case 1: return RenderAnyTile(data, p, part, o);
-        case 2: return RenderAnyStripe(data, p, part, o);
+        case 0: {
+            KTEffectGradation g;
+            g.type = AnyCode(data, {0, 1, 3, 4, 5, 6, 7, 8, 101, 104, 105, 106, 107, 108});
+            g.hueInterpolation = data.ConsumeIntegralInRange(-1, 1);
+            g.repeat = data.ConsumeBool() ? data.ConsumeIntegralInRange(1, 8)
+                                          : data.ConsumeIntegral<int>();
+            for (float* f : {&g.factor, &g.bias, &g.angle, &g.mix, &g.spiralAngle})
+                *f = AnyFloat(data);
+            SetAnyColors(data, g, AnyColor);
+            return RenderGradation(g, p, part, o);
+        }
+        case 1: {
+            KTEffectTile t;
+            t.shape = AnyCode(data, {0, 1, 2, 3});
+            for (float* f :
+                 {&t.width, &t.height, &t.rowShift, &t.seamWidth, &t.cornerCut, &t.angle})
+                *f = AnyFloat(data);
+            t.transparentSeam = data.ConsumeIntegralInRange(-1, 1);
+            t.roundCorners = data.ConsumeIntegralInRange(-1, 1);
+            t.coloring = AnyCode(data, {0, 1, 2, 3, 4});
+            t.seamColor = AnyColor(data);
+            SetAnyColors(data, t, AnyColor);
+            return RenderTile(t, p, part, o);
+        }
+        case 2: {
+            KTEffectStripe s;
+            for (float* f : {&s.interval, &s.patternWidth, &s.intersectionBrightness})
+                *f = AnyFloat(data);
+            s.direction = AnyCode(data, {1, 2, 3, 4, 5, 6});
+            s.texture = AnyCode(data, {0, 1, 2, 3, 4, 5, 6, 7});
+            s.backgroundMode = AnyCode(data, {0, 1});
+            s.backgroundColor = AnyColor(data);
+            SetAnyColors(data, s, AnyColor);
+            return RenderStripe(s, p, part, o);
+        }
         case 3: return FillUniform(AnyColor(data), p, part, o);
         case 4: return Blur(AnyFloat(data), p, part, o);
         case 5: return Invert(p, part, o);
-        case 6: return RenderAnyPattern(data, p, part, o);
-        case 7: return RenderAnyMapping(data, p, part, o);
+        case 6: {
+            KTEffectDensityPattern e;
+            e.patternType = AnyCode(data, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15});
+            e.referencePoints = AnyCount(data);
+            e.radialLines = AnyCount(data);
+            for (int* code : {&e.removeJaggies, &e.invertColors}) *code = AnyCode(data, {0, 1});
+            e.borderColor = AnyColorF(data);
+            e.blurDirection = AnyCode(data, {0, 1, 2, 3});
+            for (float* f : {&e.borderWidth, &e.isolineWidth, &e.swirl, &e.roughness, &e.imageSize})
+                *f = AnyFloat(data);
+            SetAnyColors(data, e, AnyColorF);
+            e.image = AnyImage(data);
+            return RenderDensityPattern(e, p, part, o);
+        }
+        case 7: {
+            KTMapping m;
+            for (int* code : {&m.repeat, &m.seamless, &m.fitWhole, &m.assigned})
+                *code = AnyCode(data, {0, 1});
+            m.scale = AnyFloat(data);
+            m.angle = AnyFloat(data);
+            m.image = AnyImage(data);
+            const float stretch = AnyFloat(data);
+            return RenderMapping(m, stretch, p, part, o);
+        }
         default: {
             const ColorRGB color = AnyColor(data);
             return DrawEdge(color, AnyFloat(data), p, part, o);
@@ -208,15 +177,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     const int pictureStride = 3 * w + data.ConsumeIntegralInRange(0, 5);
     const int maskStride = w + data.ConsumeIntegralInRange(0, 3);
     std::vector<unsigned char> pixels(static_cast<std::size_t>(pictureStride) * h);
-    for (std::size_t i = 0; i < pixels.size(); ++i) {
+    for (std::size_t i = 0; i < pixels.size(); ++i)
         pixels[i] = static_cast<unsigned char>((i * 2654435761u) >> 13);
-    }
     std::vector<unsigned char> mask(static_cast<std::size_t>(maskStride) * h, 0);
     const int kind = data.ConsumeIntegralInRange(0, 4);
     const float radius = data.ConsumeFloatingPointInRange(0.0f, 30.0f);
-    for (int y = 0; y < h; ++y) {
+    for (int y = 0; y < h; ++y)
         for (int x = 0; x < w; ++x) mask[y * maskStride + x] = Coverage(kind, x, y, radius, data);
-    }
 
     const Picture picture{pixels.data(), w, h, pictureStride};
     Part part = Part::OfMask(mask.data(), w, h, maskStride);

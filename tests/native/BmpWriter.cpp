@@ -5,24 +5,19 @@
 
 namespace {
 
-void Put(std::vector<std::uint8_t>& out, std::uint32_t v, int bytes = 4) {
-    for (int i = 0; i < bytes; ++i) out.push_back((v >> (8 * i)) & 0xFF);
+void Put(std::vector<std::uint8_t>& out, std::uint32_t v) {
+    for (int i = 0; i < 4; ++i) out.push_back((v >> (8 * i)) & 0xFF);
 }
 
 }  // namespace
 
 std::vector<std::uint8_t> MakeBmp(const BmpLayout& layout) {
+    // File size and offset to the pixels, patched below; then one plane.
     std::vector<std::uint8_t> out = {'B', 'M'};
-    Put(out, 0);  // file size, patched below
-    Put(out, 0);
-    Put(out, 0);  // offset to the pixels, patched below
     for (std::uint32_t v :
-         {layout.headerSize, std::uint32_t(layout.width), std::uint32_t(layout.height)})
-        Put(out, v);
-    Put(out, 1, 2);
-    Put(out, layout.bitCount, 2);
-    for (std::uint32_t v :
-         {layout.compression, layout.sizeImage, 2835u, 2835u, layout.colorsUsed, 0u})
+         {0u, 0u, 0u, layout.headerSize, std::uint32_t(layout.width), std::uint32_t(layout.height),
+          1u | std::uint32_t(layout.bitCount) << 16, layout.compression, layout.sizeImage, 2835u,
+          2835u, layout.colorsUsed, 0u})
         Put(out, v);
     while (out.size() < 14 + layout.headerSize) out.push_back(0);
     for (std::uint32_t m : layout.masks) Put(out, m);
@@ -32,10 +27,8 @@ std::vector<std::uint8_t> MakeBmp(const BmpLayout& layout) {
     const int bytesPerPixel = layout.bitCount / 8;
     for (int row = 0; row < std::abs(layout.height); ++row) {
         std::vector<std::uint8_t> line(static_cast<std::size_t>(rowBytes), 0);
-        for (int x = 0; layout.pixel && x < layout.width; ++x) {
-            for (int b = 0; b < bytesPerPixel; ++b)
-                line[x * bytesPerPixel + b] = layout.pixel(x, row, b);
-        }
+        for (int i = 0; layout.pixel && i < layout.width * bytesPerPixel; ++i)
+            line[i] = layout.pixel(i / bytesPerPixel, row, i % bytesPerPixel);
         out.insert(out.end(), line.begin(), line.end());
     }
     const std::uint32_t size = static_cast<std::uint32_t>(out.size());

@@ -7,11 +7,14 @@
 #include <vector>
 
 struct BmpLayout {
-    int width = 1;
-    int height = 1;  // negative: top-down
-    int bitCount = 24;
-    std::uint32_t compression = 0;       // 0 plain, 3 bit fields, 1 RLE8...
-    std::uint32_t headerSize = 40;       // the size field; other fields are always an info header's
+    BmpLayout(int w = 1, int h = 1, int bits = 24, std::uint32_t packing = 0,
+              std::uint32_t header = 40)
+        : width(w), height(h), bitCount(bits), compression(packing), headerSize(header) {}
+    int width;
+    int height;  // negative: top-down
+    int bitCount;
+    std::uint32_t compression;           // 0 plain, 3 bit fields, 1 RLE8...
+    std::uint32_t headerSize;            // the size field; other fields are always an info header's
     std::vector<std::uint32_t> masks;    // written after the header when not empty
     std::vector<std::uint32_t> palette;  // 0x00RRGGBB entries
     std::uint32_t colorsUsed = 0;        // biClrUsed

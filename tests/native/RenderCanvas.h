@@ -19,14 +19,9 @@ struct RenderCanvas {
         int w, int h, std::function<int(int, int)> inside = [](int, int) { return 255; },
         ColorRGB fill = ColorRGB(100, 100, 100)) {
         image.Create(w, h, 3, 0);
-        mask.resize(static_cast<std::size_t>(w) * h);
-        for (int y = 0; y < h; ++y) {
-            for (int x = 0; x < w; ++x) {
-                mask[static_cast<std::size_t>(y) * w + x] =
-                    static_cast<unsigned char>(inside(x, y));
-                Set(x, y, fill);
-            }
-        }
+        for (int i = 0; i < w * h; ++i)
+            mask.push_back(static_cast<unsigned char>(inside(i % w, i / w)));
+        Fill([=](int, int) { return fill; });
         picture = vellrender::Picture::Of(image);
         part = vellrender::Part::OfMask(mask.data(), w, h, w);
     }
@@ -40,6 +35,12 @@ struct RenderCanvas {
         p[0] = c.blue;
         p[1] = c.green;
         p[2] = c.red;
+    }
+    // Every pixel color(x, y).
+    RenderCanvas& Fill(const std::function<ColorRGB(int, int)>& color) {
+        for (int y = 0; y < image.height; ++y)
+            for (int x = 0; x < image.width; ++x) Set(x, y, color(x, y));
+        return *this;
     }
     int Coverage(int x, int y) const { return mask[static_cast<std::size_t>(y) * image.width + x]; }
     std::vector<unsigned char> Bytes() const {

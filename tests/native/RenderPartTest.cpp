@@ -1,72 +1,73 @@
-// What every effect and operation shares: it paints the part and nothing
-// else, blending the part's anti-aliased edge by coverage; it refuses
-// targets that do not fit and paints nothing into an empty part.
+// What every effect and operation shares: it paints the part and nothing else, blending
+// its anti-aliased edge by coverage; it refuses targets that do not fit and paints
+// nothing into an empty part. Then what blur and edge paint.
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdlib>
 #include <functional>
 #include <string>
 
 #include "RenderCanvas.h"
+#include "render/DistanceField.h"
 
 using namespace vellrender;
 
 namespace {
 
 const ColorRGB kFill(10, 200, 30), kWhite(255, 255, 255);
+const ColorRGB kTwoWhite[2] = {kWhite, kWhite};
 
+using Paint = std::function<int(const Picture&, const Part&)>;
 struct Painter {
     std::string name;
-    std::function<int(const Picture&, const Part&)> paint;
     ColorRGB inside;  // what a fully covered pixel becomes on a picture of kFill
+    Paint paint;
 };
 
 std::vector<Painter> Painters() {
-    static const ColorRGB white[2] = {kWhite, kWhite};
     std::vector<Painter> painters;
+    auto add = [&](std::string name, ColorRGB inside, Paint paint) {
+        painters.push_back({name, inside, paint});
+    };
     for (int type : {0, 1, 3, 4, 5, 6, 7, 8, 101, 104, 105, 106, 107, 108, 55}) {
-        painters.push_back({"gradation " + std::to_string(type),
-                            [=](const Picture& p, const Part& part) {
-                                KTEffectGradation g;
-                                g.SetType(type);
-                                g.SetAngle(30);
-                                g.SetColors(2, white);
-                                return RenderGradation(g, p, part);
-                            },
-                            kWhite});
+        add("gradation " + std::to_string(type), kWhite, [=](const Picture& p, const Part& part) {
+            KTEffectGradation g;
+            g.SetType(type);
+            g.SetAngle(30);
+            g.SetColors(2, kTwoWhite);
+            return RenderGradation(g, p, part);
+        });
     }
     for (int shape = 0; shape < 5; ++shape) {
-        painters.push_back({"tile " + std::to_string(shape),
-                            [=](const Picture& p, const Part& part) {
-                                KTEffectTile t;
-                                t.SetShape(shape);
-                                t.SetTileSize(7.0f, 5.0f);
-                                t.SetSeamWidth(1.0f);
-                                t.SetSeamColor(kWhite);
-                                t.SetCorner(1, 0.5f);
-                                t.SetAngle(20.0f);
-                                t.SetColors(2, white);
-                                return RenderTile(t, p, part);
-                            },
-                            kWhite});
+        add("tile " + std::to_string(shape), kWhite, [=](const Picture& p, const Part& part) {
+            KTEffectTile t;
+            t.SetShape(shape);
+            t.SetTileSize(7.0f, 5.0f);
+            t.SetSeamWidth(1.0f);
+            t.SetSeamColor(kWhite);
+            t.SetCorner(1, 0.5f);
+            t.SetAngle(20.0f);
+            t.SetColors(2, kTwoWhite);
+            return RenderTile(t, p, part);
+        });
     }
     for (int direction = 1; direction <= 7; ++direction) {
-        painters.push_back({"stripe " + std::to_string(direction),
-                            [=](const Picture& p, const Part& part) {
-                                KTEffectStripe s;
-                                s.SetDirection(direction);
-                                s.SetInterval(6.0f);
-                                s.SetColors(2, white);
-                                return RenderStripe(s, p, part);
-                            },
-                            kWhite});
+        add("stripe " + std::to_string(direction), kWhite, [=](const Picture& p, const Part& part) {
+            KTEffectStripe s;
+            s.SetDirection(direction);
+            s.SetInterval(6.0f);
+            s.SetColors(2, kTwoWhite);
+            return RenderStripe(s, p, part);
+        });
     }
     using P = const Picture&;
     using A = const Part&;
-    painters.push_back({"uniform", [](P p, A a) { return FillUniform(kWhite, p, a); }, kWhite});
-    painters.push_back({"blur", [](P p, A a) { return Blur(5.0f, p, a); }, kFill});
-    painters.push_back({"invert", [](P p, A a) { return Invert(p, a); }, ColorRGB(245, 55, 225)});
-    painters.push_back({"edge", [](P p, A a) { return DrawEdge(kWhite, 99.0f, p, a); }, kWhite});
+    const ColorRGB color(1, 2, 3);
+    add("uniform", color, [=](P p, A a) { return FillUniform(color, p, a); });
+    add("blur", kFill, [](P p, A a) { return Blur(5.0f, p, a); });
+    add("invert", ColorRGB(245, 55, 225), [](P p, A a) { return Invert(p, a); });
+    add("edge", kWhite, [](P p, A a) { return DrawEdge(kWhite, 99.0f, p, a); });
     return painters;
 }
 
@@ -79,19 +80,15 @@ TEST(RenderPartTest, EveryEffectPaintsOnlyThePartAndBlendsItsEdge) {
     for (const Painter& painter : Painters()) {
         RenderCanvas canvas(64, 48, ring, kFill);
         ASSERT_EQ(painter.paint(canvas.picture, canvas.part), 0) << painter.name;
+        // (inside x 128 + fill x 127 + 127) / 255 per channel.
         const ColorRGB e = painter.inside;
-        // (e x 128 + fill x 127 + 127) / 255 per channel.
         auto half = [](int e, int f) { return (e * 128 + f * 127 + 127) / 255; };
         const ColorRGB rim(half(e.red, kFill.red), half(e.green, kFill.green),
                            half(e.blue, kFill.blue));
-        for (int y = 0; y < 48; ++y) {
-            for (int x = 0; x < 64; ++x) {
-                const int a = canvas.Coverage(x, y);
-                ASSERT_EQ(canvas.At(x, y), a == 0     ? kFill
-                                           : a == 255 ? e
-                                                      : rim)
-                    << painter.name << " at " << x << "," << y;
-            }
+        for (int i = 0; i < 64 * 48; ++i) {
+            const int a = canvas.mask[i];
+            ASSERT_EQ(canvas.At(i % 64, i / 64), a == 0 ? kFill : (a == 255 ? e : rim))
+                << painter.name << " at " << i % 64 << "," << i / 64;
         }
     }
 }
@@ -100,14 +97,58 @@ TEST(RenderPartTest, BadTargetsAreRefusedAndEmptyOrTinyPartsAreFine) {
     RenderCanvas canvas(8, 8), one(1, 1);
     Part outside = canvas.part;
     outside.right = 9;
-    Part empty;
     for (const Painter& painter : Painters()) {
         EXPECT_EQ(painter.paint(canvas.picture, outside), -4) << painter.name;
         EXPECT_EQ(painter.paint(Picture(), canvas.part), -4) << painter.name;
-        EXPECT_EQ(painter.paint(canvas.picture, empty), 0) << painter.name;
+        EXPECT_EQ(painter.paint(canvas.picture, Part()), 0) << painter.name;
         EXPECT_EQ(painter.paint(one.picture, one.part), 0) << painter.name;
     }
     EXPECT_EQ(canvas.At(3, 3), ColorRGB(100, 100, 100));
+}
+
+const ColorRGB kGreen(0, 255, 0);
+
+// Left half red, right half blue; the part a disc across both.
+struct TwoHalves : RenderCanvas {
+    TwoHalves() : RenderCanvas(60, 40, Disc(30, 20, 15)) {
+        Fill([](int x, int) { return x < 30 ? ColorRGB(200, 0, 0) : ColorRGB(0, 0, 200); });
+    }
+};
+
+TEST(OperationsRenderTest, BlurMixesOnlyThePartsOwnPixels) {
+    // Outside the disc the picture is green; none of it may bleed in.
+    TwoHalves canvas;
+    canvas.Fill([&](int x, int y) { return canvas.Coverage(x, y) ? canvas.At(x, y) : kGreen; });
+    ASSERT_EQ(Blur(6.0f, canvas.picture, canvas.part, Options{0, 2}), 0);
+    for (int i = 0; i < 60 * 40; ++i) {
+        // A mix of the two, no darker.
+        const ColorRGB c = canvas.At(i % 60, i / 60);
+        EXPECT_TRUE(!canvas.mask[i] || (c.green == 0 && std::abs(c.red + c.blue - 200) <= 2)) << i;
+    }
+    // Across the middle the halves now blend; far from it they stay.
+    EXPECT_NEAR(canvas.At(29, 20).red, 100, 20);
+    EXPECT_EQ(canvas.At(17, 20), ColorRGB(200, 0, 0));
+    // A radius below half a pixel changes nothing; NaN neither.
+    const std::vector<unsigned char> before = canvas.Bytes();
+    EXPECT_EQ(Blur(0.2f, canvas.picture, canvas.part), 0);
+    EXPECT_EQ(Blur(NAN, canvas.picture, canvas.part), 0);
+    EXPECT_EQ(canvas.Bytes(), before);
+}
+
+TEST(OperationsRenderTest, EdgeIsALineOfTheGivenWidthInsideThePart) {
+    TwoHalves canvas;
+    DistanceField field;
+    ASSERT_EQ(field.Compute(canvas.part, 1), 0);
+    const TwoHalves original;
+    ASSERT_EQ(DrawEdge(kGreen, 3.0f, canvas.picture, canvas.part), 0);
+    for (int i = 0; i < 60 * 40; ++i) {
+        const int x = i % 60, y = i / 60;
+        if (canvas.mask[i] == 0) continue;
+        // A pixel covers [d - 0.5, d + 0.5] across the line [0, 3].
+        const float d = DistanceField::EdgeDistance(field.Squared(x, y));
+        EXPECT_TRUE(d > 2.5f || canvas.At(x, y) == kGreen) << x << "," << y;
+        EXPECT_TRUE(d < 3.5f || canvas.At(x, y) == original.At(x, y)) << x << "," << y;
+    }
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 // Each texture's shade across the sample's band, its centre line and rim,
-// which textures the noise reaches, and every size from 1 x 1 up (under the
-// sanitizers, the bounds check).
+// and every size from 1 x 1 up (under the sanitizers, the bounds check).
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -31,17 +30,14 @@ NoiseOf Constant(int value) {
 template <class Noise>
 std::vector<int> Render(int texture, int w, int h, Noise&& noise) {
     BitmapImage image;
-    if (RenderTextureSample(texture, w, h, noise, &image) != kOk) {
-        ADD_FAILURE() << "texture " << texture << " at " << w << "x" << h;
-        return std::vector<int>(w * h);
-    }
+    const int result = RenderTextureSample(texture, w, h, noise, &image);
+    EXPECT_EQ(result, kOk) << "texture " << texture << " at " << w << "x" << h;
+    if (result != kOk) return std::vector<int>(w * h);
     std::vector<int> greys;
-    for (int y = h - 1; y >= 0; --y) {
-        for (int x = 0; x < w; ++x) {
-            const unsigned char* p = image.PixelAt(x, y);
-            EXPECT_TRUE(p[0] == p[1] && p[1] == p[2]) << w << "x" << h;
-            greys.push_back(p[0]);
-        }
+    for (int i = 0; i < w * h; ++i) {
+        const unsigned char* p = image.PixelAt(i % w, h - 1 - i / w);
+        EXPECT_TRUE(p[0] == p[1] && p[1] == p[2]) << w << "x" << h;
+        greys.push_back(p[0]);
     }
     return greys;
 }
@@ -51,33 +47,31 @@ float Falloff(float t) {
 }
 
 TEST(TextureSamplesTest, EachTextureShadesTheBandAcrossItsWidth) {
-    // Factor at t under constant noise.
-    struct Shape {
-        int texture, noise;
-        std::function<float(float)> f;
-    };
-    const Shape shapes[] = {
-        {0, 0, [](float) { return 1.0f; }},
-        {1, 255,
-         [](float t) { return Falloff(t) < 0.02f ? 0 : std::min(Falloff(t) + 0.2f, 1.0f); }},
-        {2, 255, [](float t) { return 1 - 0.49f * (1 - Falloff(t)) * (1 - Falloff(t)); }},
-        {3, 0, [](float t) { return 1 - std::pow(0.9f - (t - 0.9f) * (t - 0.9f) / 0.9f, 2); }},
-        {4, 0, [](float t) { return 0.65f * t * t + 0.35f; }},
-        {5, 0, [](float t) { return t < 0.1f ? 0.0f : 1.0f; }},
-        {6, 0, [](float t) { return t >= 0.3f && t <= 0.4f ? 0.0f : 1.0f; }},
-        {7, 0, [](float t) { return t > 0.55f && t < 0.85f ? 0.0f : 1.0f; }},
+    // Each texture's factor at t, under a constant noise of 255 for the two
+    // that read it and 0 for the others.
+    const std::function<float(float)> shapes[kTextureCount] = {
+        [](float) { return 1.0f; },
+        [](float t) { return Falloff(t) < 0.02f ? 0 : std::min(Falloff(t) + 0.2f, 1.0f); },
+        [](float t) { return 1 - 0.49f * (1 - Falloff(t)) * (1 - Falloff(t)); },
+        [](float t) { return 1 - std::pow(0.9f - (t - 0.9f) * (t - 0.9f) / 0.9f, 2); },
+        [](float t) { return 0.65f * t * t + 0.35f; },
+        [](float t) { return t < 0.1f ? 0.0f : 1.0f; },
+        [](float t) { return t >= 0.3f && t <= 0.4f ? 0.0f : 1.0f; },
+        [](float t) { return t > 0.55f && t < 0.85f ? 0.0f : 1.0f; },
     };
     const int h = 400;  // r = 120, so neighbouring rows differ little in t
     const float r = 0.3f * h;
-    for (const Shape& shape : shapes) {
-        const std::vector<int> greys = Render(shape.texture, 1, h, Constant(shape.noise));
+    for (int texture = 0; texture < kTextureCount; ++texture) {
+        const auto& f = shapes[texture];
+        const std::vector<int> greys =
+            Render(texture, 1, h, Constant(texture == 1 || texture == 2 ? 255 : 0));
         for (int y = 0; y < h; ++y) {
             const float t = std::fabs(y + 0.5f - h / 2) / r;
-            const bool nearStep = std::fabs(shape.f(t - 0.01f) - shape.f(t + 0.01f)) > 0.1f;
+            const bool nearStep = std::fabs(f(t - 0.01f) - f(t + 0.01f)) > 0.1f;
             if (t < 1 - 1 / r && !nearStep) {
-                EXPECT_NEAR(greys[y], 255 - 255 * shape.f(t), 2) << shape.texture << " t " << t;
+                EXPECT_NEAR(greys[y], 255 - 255 * f(t), 2) << texture << " t " << t;
             } else if (t > 1 + 1 / r) {
-                EXPECT_EQ(greys[y], 255) << shape.texture << " t " << t;
+                EXPECT_EQ(greys[y], 255) << texture << " t " << t;
             }
         }
     }
@@ -96,22 +90,11 @@ TEST(TextureSamplesTest, BandCentreAndRimSubPoints) {
     EXPECT_EQ(odd, (std::vector<int>{255, odd[1], 0, 0, odd[1]}));
 }
 
-TEST(TextureSamplesTest, OnlyTexturesOneAndTwoChangeWithTheSeed) {
-    for (int texture = 0; texture < kTextureCount; ++texture) {
-        const std::vector<int> first = Render(texture, 23, 29, GeneratorNoise(7));
-        EXPECT_EQ(Render(texture, 23, 29, GeneratorNoise(7)), first) << texture;
-        EXPECT_EQ(Render(texture, 23, 29, GeneratorNoise(8)) != first, texture == 1 || texture == 2)
-            << texture;
-    }
-}
-
 TEST(TextureSamplesTest, EverySizeRenders) {
     NoiseOf noise([](std::size_t i) { return static_cast<int>(i * 37 % 256); });
-    for (int w : {1, 2, 3, 4, 7, 16, 23, 40}) {
-        for (int h = 1; h <= 40; ++h) {
+    for (int w : {1, 2, 3, 4, 7, 16, 23, 40})
+        for (int h = 1; h <= 40; ++h)
             for (int texture = 0; texture < kTextureCount; ++texture) Render(texture, w, h, noise);
-        }
-    }
 }
 
 }  // namespace

@@ -57,18 +57,15 @@ invert --picture pic.bmp --mask narrow.bmp -o out.png
 invert --mask pic.bmp -o out.png
 invert --picture pic.bmp --size 8x8 -o out.png
 blur -o missing-dir/out.png
-pattern --set colours=#ff0000 -o out.png
 pattern --set colors= -o out.png
 pattern --image missing.bmp -o out.png
-mapping --set zoom=2 -o out.png
 mapping --image text.bmp -o out.png
 tile --image pic.bmp -o out.png
 TABLE
 
 png_size() { od -An -tu1 -j16 -N8 "$1" | awk '{ print $3 * 256 + $4 "x" $7 * 256 + $8 }'; }
 check_good() {  # expected size, arguments...
-  local expected=$1
-  shift
+  local expected=$1; shift
   if ! "$@" -o good.png || [ "$(png_size good.png)" != "$expected" ]; then
     echo "FAIL: $* gave no $expected PNG"
     failures=$((failures + 1))
