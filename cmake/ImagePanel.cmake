@@ -20,8 +20,8 @@ target_link_options(VellImagePanel PRIVATE -Wl,--kill-at)
 
 vell_host_import_library(VellImagePanel ${VELL_IMAGE_PANEL_DEF} VellImagePanelImport)
 
-add_executable(win_image_panel_tests tests/windows/ImagePanelTest.cpp tests/native/BmpWriter.cpp)
-target_include_directories(win_image_panel_tests PRIVATE tests/native tools/imagepanel)
+add_executable(win_image_panel_tests tests/windows/ImagePanelTest.cpp)
+target_include_directories(win_image_panel_tests PRIVATE tools/imagepanel)
 target_link_libraries(win_image_panel_tests PRIVATE vell_wintest_support VellImagePanelImport
                                                     gtest_main comctl32 gdi32)
 target_link_options(win_image_panel_tests PRIVATE -static)

@@ -104,8 +104,9 @@ set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
 set(BUILD_GMOCK OFF CACHE BOOL "" FORCE)
 add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
 
-add_library(vell_wintest_support STATIC tests/windows/WinTestSupport.cpp)
-target_include_directories(vell_wintest_support PUBLIC include src resources tests/windows)
+add_library(vell_wintest_support STATIC tests/windows/WinTestSupport.cpp tests/native/BmpWriter.cpp)
+target_include_directories(vell_wintest_support PUBLIC include src resources tests/windows
+                                                      tests/native)
 target_link_libraries(vell_wintest_support PUBLIC gtest)
 
 # Programs that load the real DLL as a host does.
@@ -126,9 +127,7 @@ vell_dll_test(win_geometric_panel_tests tests/windows/GeometricPanelsTest.cpp)
 vell_dll_test(win_stripe_panel_tests tests/windows/StripePanelTest.cpp)
 vell_dll_test(win_isoline_panel_tests tests/windows/IsolinePanelTest.cpp)
 vell_dll_test(win_soak_tests tests/windows/SoakTest.cpp)
-vell_dll_test(win_mapping_panel_tests tests/windows/MappingPanelTest.cpp
-              tests/native/BmpWriter.cpp)
-target_include_directories(win_mapping_panel_tests PRIVATE tests/native)
+vell_dll_test(win_mapping_panel_tests tests/windows/MappingPanelTest.cpp)
 vell_dll_test(win_demo_host_tests tests/windows/DemoHostTest.cpp)
 target_link_libraries(win_demo_host_tests PRIVATE velldemohost)
 

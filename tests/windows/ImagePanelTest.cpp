@@ -106,22 +106,11 @@ std::vector<std::wstring> ItemNames(HWND chooser) {
     return names;
 }
 
-COLORREF ThumbnailPixel(HWND list, int item, int x, int y) {
-    LVITEMW lv = {};
-    lv.mask = LVIF_IMAGE;
-    lv.iItem = item;
-    ListView_GetItem(list, &lv);
-    HDC screen = GetDC(nullptr);
-    HDC dc = CreateCompatibleDC(screen);
-    HBITMAP canvas = CreateCompatibleBitmap(screen, 64, 64);
-    HGDIOBJ old = SelectObject(dc, canvas);
-    ImageList_Draw(ListView_GetImageList(list, LVSIL_NORMAL), lv.iImage, dc, 0, 0, ILD_NORMAL);
-    const COLORREF color = GetPixel(dc, x, y);
-    SelectObject(dc, old);
-    DeleteObject(canvas);
-    DeleteDC(dc);
-    ReleaseDC(nullptr, screen);
-    return color;
+// The centre of an item's thumbnail as the list shows it.
+COLORREF ThumbnailCentre(HWND list, int item) {
+    RECT r = {};
+    ListView_GetItemRect(list, item, &r, LVIR_ICON);
+    return ScreenPixel(list, (r.left + r.right) / 2, (r.top + r.bottom) / 2);
 }
 
 std::string SelectedImage() {
@@ -150,11 +139,11 @@ TEST_F(ImagePanelTest, ListsTheBmpFilesWithTheirNamesAndThumbnails) {
                   names = ItemNames(chooser);
                   HWND list = GetDlgItem(chooser, IDC_PICTURE_LIST);
                   EXPECT_EQ(WindowText(GetDlgItem(chooser, IDC_PICTURE_MESSAGE)), L"");
-                  centre = ThumbnailPixel(list, 0, 32, 32);
-                  broken = ThumbnailPixel(list, 2, 32, 32);
                   EXPECT_TRUE(Enabled(chooser, IDOK));
                   ListView_SetItemState(list, -1, 0, LVIS_SELECTED);
                   EXPECT_FALSE(Enabled(chooser, IDOK));
+                  centre = ThumbnailCentre(list, 0);
+                  broken = ThumbnailCentre(list, 2);
                   return Keys({VK_ESCAPE});
               }),
               0);

@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <atomic>
 #include <cstdio>
+#include <cstring>
 #include <thread>
+
+#include "BmpWriter.h"
 
 namespace {
 
@@ -238,26 +241,31 @@ void CALLBACK PopupMenuPicker::OnTimer(HWND, UINT, UINT_PTR, DWORD) {
     PostMessageW(menuWindow, WM_KEYDOWN, g_picker->position_ < 0 ? VK_ESCAPE : VK_RETURN, 0);
 }
 
-namespace {
-
-// Sends each group of key events from a second thread, a pause after each,
-// while this thread pumps; the keys go to `focus`.
-void SendKeyGroups(HWND focus, const std::vector<std::vector<INPUT>>& groups) {
-    SetForegroundWindow(GetAncestor(focus, GA_ROOT));
-    PumpMessages();
-    SetFocus(focus);
+void FromSecondThread(const std::function<void()>& send) {
     std::atomic<bool> done{false};
     std::thread sender([&] {
-        for (std::vector<INPUT> group : groups) {
-            SendInput(static_cast<UINT>(group.size()), group.data(), sizeof(INPUT));
-            Sleep(60);
-        }
+        send();
         Sleep(100);
         done = true;
     });
     PumpUntil([&] { return done.load(); }, 10000);
     sender.join();
     PumpMessages();
+}
+
+namespace {
+
+// Sends each group of key events, a pause after each; the keys go to `focus`.
+void SendKeyGroups(HWND focus, const std::vector<std::vector<INPUT>>& groups) {
+    SetForegroundWindow(GetAncestor(focus, GA_ROOT));
+    PumpMessages();
+    SetFocus(focus);
+    FromSecondThread([&] {
+        for (std::vector<INPUT> group : groups) {
+            SendInput(static_cast<UINT>(group.size()), group.data(), sizeof(INPUT));
+            Sleep(60);
+        }
+    });
 }
 
 INPUT Key(WORD key, DWORD flags) {
@@ -285,21 +293,13 @@ void TypeChord(HWND focus, const std::vector<WORD>& keys) {
 }
 
 bool PutPictureOnClipboard(int w, int h, const std::function<COLORREF(int x, int y)>& color) {
-    const int stride = (w * 3 + 3) / 4 * 4;
-    HGLOBAL block =
-        GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, sizeof(BITMAPINFOHEADER) + stride * h);
-    auto* header = static_cast<BITMAPINFOHEADER*>(GlobalLock(block));
-    *header = {sizeof *header, w, h, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
-    auto* rows = reinterpret_cast<unsigned char*>(header + 1);
-    for (int y = 0; y < h; ++y) {
-        for (int x = 0; x < w; ++x) {
-            unsigned char* p = rows + (h - 1 - y) * stride + x * 3;  // bottom-up
-            const COLORREF c = color(x, y);
-            p[0] = GetBValue(c);
-            p[1] = GetGValue(c);
-            p[2] = GetRValue(c);
-        }
-    }
+    BmpLayout layout(w, h);
+    layout.pixel = [&](int x, int row, int byte) {  // rows bottom-up, blue first
+        return static_cast<std::uint8_t>(color(x, h - 1 - row) >> (16 - 8 * byte));
+    };
+    const std::vector<std::uint8_t> dib = DibBlockOf(MakeBmp(layout));
+    HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, dib.size());
+    std::memcpy(GlobalLock(block), dib.data(), dib.size());
     GlobalUnlock(block);
     if (!OpenClipboard(nullptr)) return false;
     EmptyClipboard();

@@ -106,8 +106,10 @@ class PopupMenuPicker {
 // A watcher action that types the color into the system color chooser.
 std::function<void(HWND)> TypeColorIntoChooser(int red, int green, int blue);
 
-// Real keyboard input: a second thread sends each key with SendInput while
-// this thread pumps messages as a host's loop would. The keys go to `focus`.
+// Real input: `send` runs on a second thread while this thread pumps messages
+// as a host's loop would, then what it caused is dispatched.
+void FromSecondThread(const std::function<void()>& send);
+// Each key sent with SendInput from a second thread; the keys go to `focus`.
 void TypeKeys(HWND focus, const std::vector<WORD>& keys);
 // The keys pressed together, as Ctrl+Z: down in order, up in reverse.
 void TypeChord(HWND focus, const std::vector<WORD>& keys);
