@@ -66,7 +66,7 @@ TEST_F(ModuleTest, ExportTableHoldsExactlyTheTenUndecoratedFunctions) {
     }));
 }
 
-TEST_F(ModuleTest, ShowStateFollowsOpenShowHideCloseBoxAndClose) {
+TEST_F(ModuleTest, ShowStateAndTitleFollowOpenShowHideAndClose) {
     EXPECT_EQ(PXColor_GetShow(), -1);
     TestHost host;
     ASSERT_TRUE(PXColor_Open(host.window(), kNotifyMessage));
@@ -80,6 +80,11 @@ TEST_F(ModuleTest, ShowStateFollowsOpenShowHideCloseBoxAndClose) {
     EXPECT_TRUE(IsWindowVisible(dialog));
     EXPECT_EQ(PXColor_GetShow(), SW_SHOWNORMAL);
 
+    // A title replaces the caption; hosts pass text in the system code page,
+    // Shift-JIS on Japanese systems.
+    PXColor_SetTitle("\x83\x4A\x83\x89\x81\x5B 2");
+    EXPECT_EQ(WindowText(dialog), L"カラー 2");
+
     PXColor_ShowWindow(SW_HIDE);
     EXPECT_FALSE(IsWindowVisible(dialog));
 
@@ -89,17 +94,6 @@ TEST_F(ModuleTest, ShowStateFollowsOpenShowHideCloseBoxAndClose) {
     EXPECT_TRUE(RemoteControls().empty());
     PXColor_Close();  // a second close does nothing
     EXPECT_EQ(PXColor_GetShow(), -1);
-}
-
-TEST_F(ModuleTest, TitleReplacesTheCaption) {
-    TestHost host;
-    ASSERT_TRUE(PXColor_Open(host.window(), kNotifyMessage));
-    EXPECT_EQ(WindowText(RemoteControl()), L"ｶﾗｰﾘﾝｸﾞ ﾘﾓｺﾝ");
-    PXColor_SetTitle("Colors for layer 2");
-    EXPECT_EQ(WindowText(RemoteControl()), L"Colors for layer 2");
-    // Hosts pass text in the system code page: Shift-JIS on Japanese systems.
-    PXColor_SetTitle("\x83\x4A\x83\x89\x81\x5B 2");
-    EXPECT_EQ(WindowText(RemoteControl()), L"カラー 2");
 }
 
 TEST_F(ModuleTest, SecondOpenLeavesOneDialogThatNotifiesTheSecondHost) {

@@ -46,22 +46,15 @@ int RoomFor(const std::function<Handle()>& create, const std::function<void(Hand
     return static_cast<int>(made.size());
 }
 
-int GdiRoom() {
-    return RoomFor<HBRUSH>([] { return CreateSolidBrush(RGB(1, 2, 3)); },
-                           [](HBRUSH brush) { DeleteObject(brush); });
-}
-
-int UserRoom() {
-    return RoomFor<HMENU>([] { return CreatePopupMenu(); }, [](HMENU menu) { DestroyMenu(menu); });
-}
-
 struct Usage {
     double privateMegabytes;
     int gdiRoom, userRoom;
 };
 
 Usage Measure() {
-    return {PrivateMegabytes(), GdiRoom(), UserRoom()};
+    return {PrivateMegabytes(),
+            RoomFor<HBRUSH>([] { return CreateSolidBrush(RGB(1, 2, 3)); }, DeleteObject),
+            RoomFor<HMENU>(CreatePopupMenu, DestroyMenu)};
 }
 
 // The effect radios, with the name the update sends for each.

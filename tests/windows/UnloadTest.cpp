@@ -38,19 +38,6 @@ HWND OpenFrom(HMODULE library, TestHost& host) {
     return RemoteControl();
 }
 
-BOOL CALLBACK CountDialogs(HWND hwnd, LPARAM count) {
-    wchar_t cls[16] = {};
-    GetClassNameW(hwnd, cls, 16);
-    if (std::wstring(cls) == L"#32770") ++*reinterpret_cast<int*>(count);
-    return TRUE;
-}
-
-int DialogsOfThisThread() {
-    int count = 0;
-    EnumThreadWindows(GetCurrentThreadId(), CountDialogs, reinterpret_cast<LPARAM>(&count));
-    return count;
-}
-
 TEST(UnloadTest, FreeLibraryWithTheRemoteControlOpenClosesItAsPXColorCloseWould) {
     RemoveSettings();
     TestHost host;
@@ -75,7 +62,7 @@ TEST(UnloadTest, FreeLibraryWithTheRemoteControlOpenClosesItAsPXColorCloseWould)
     EXPECT_EQ(GetModuleHandleW(L"VellColor.dll"), nullptr);
     EXPECT_EQ(GetModuleHandleW(L"VellImagePanel.dll"), nullptr);
     ASSERT_FALSE(IsWindow(dialog));
-    ASSERT_EQ(DialogsOfThisThread(), 0);
+    ASSERT_TRUE(ThreadDialogs().empty());
     // A hook or a timer left behind would run unmapped code now.
     TypeKeys(host.hwnd(), {VK_SPACE, VK_TAB, 'A'});
     PumpUntil([] { return false; }, 300);
@@ -93,7 +80,7 @@ TEST(UnloadTest, FreeLibraryWithTheRemoteControlOpenClosesItAsPXColorCloseWould)
     EXPECT_EQ(r.left, 77);
     EXPECT_EQ(r.top, 55);
     FreeLibrary(library);
-    EXPECT_EQ(DialogsOfThisThread(), 0);
+    EXPECT_TRUE(ThreadDialogs().empty());
     RemoveSettings();
 }
 

@@ -112,6 +112,10 @@ bool PumpUntil(const std::function<bool()>& done, DWORD milliseconds) {
     return true;
 }
 
+std::vector<HWND> ThreadDialogs() {
+    return ThreadWindows([](HWND hwnd) { return ClassOf(hwnd) == L"#32770"; });
+}
+
 std::vector<HWND> RemoteControls() {
     return ThreadWindows(IsRemoteControl);
 }

@@ -43,6 +43,8 @@ void PumpMessages();
 // Dispatches messages until `done` answers true or time is up; returns its answer.
 bool PumpUntil(const std::function<bool()>& done, DWORD milliseconds = 3000);
 
+// Top-level dialogs of this thread, shown or not.
+std::vector<HWND> ThreadDialogs();
 std::vector<HWND> RemoteControls();
 HWND RemoteControl();
 // The panel inside the remote control's `frame` that holds control `id`.
