@@ -4,7 +4,6 @@
 // it was, and saving then opening gives the same picture.
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <vector>
 
 #include "HostWindow.h"
@@ -114,9 +113,8 @@ TEST_F(DemoHostTest, RefusedFileChangesNothingAndSavedPictureOpensTheSame) {
     const std::vector<unsigned char> painted = Pixels(picture());
 
     const std::wstring bad = TempFile(L"vell-demo-bad.bmp");
-    FILE* out = _wfopen(bad.c_str(), L"wb");
-    std::fputs("BM this is not a picture", out);
-    std::fclose(out);
+    const std::string text = "BM this is not a picture";
+    WriteBytes(bad, {text.begin(), text.end()});
     {
         SystemDialogWatcher watcher;
         EXPECT_FALSE(host.OpenFile(bad));

@@ -10,20 +10,11 @@
 #include <thread>
 #include <vector>
 
-#include "BmpWriter.h"
 #include "ImagePanelIds.h"
 #include "WinTestSupport.h"
 #include "vellcolor/VellImagePanel.h"
 
 namespace {
-
-std::vector<std::uint8_t> Picture(int width, int height, COLORREF color) {
-    BmpLayout layout;
-    layout.width = width;
-    layout.height = height;
-    layout.pixel = [color](int, int, int byte) { return color >> (16 - 8 * byte); };
-    return MakeBmp(layout);
-}
 
 std::wstring TempRoot() {
     wchar_t temp[MAX_PATH] = {};
@@ -47,12 +38,8 @@ struct Folder {
     // A file with `bytes`, or a folder for none.
     void Add(const std::wstring& name, const std::vector<std::uint8_t>& bytes) {
         files.insert(files.begin(), L"\\\\?\\" + path + (name.empty() ? L"" : L"\\" + name));
-        if (bytes.empty()) {
-            CreateDirectoryW(files.front().c_str(), nullptr);
-        } else if (FILE* file = _wfopen(files.front().c_str(), L"wb")) {
-            fwrite(bytes.data(), 1, bytes.size(), file);
-            fclose(file);
-        }
+        if (bytes.empty()) CreateDirectoryW(files.front().c_str(), nullptr);
+        if (!bytes.empty()) WriteBytes(files.front(), bytes);
     }
     std::wstring path;
     std::vector<std::wstring> files;
@@ -126,11 +113,11 @@ class ImagePanelTest : public ::testing::Test {
 
 TEST_F(ImagePanelTest, ListsTheBmpFilesWithTheirNamesAndThumbnails) {
     Folder folder(L"vell_listing");
-    folder.Add(L"a.bmp", Picture(40, 20, RGB(255, 0, 0)));
-    folder.Add(L"B.BMP", Picture(2, 2, RGB(0, 255, 0)));
+    folder.Add(L"a.bmp", PictureFile(40, 20, RGB(255, 0, 0)));
+    folder.Add(L"B.BMP", PictureFile(2, 2, RGB(0, 255, 0)));
     folder.Add(L"broken.bmp", {'B', 'M', 1, 2, 3});
     for (const wchar_t* other : {L"c.Bmp", L"notes.txt", L"a.bmp.txt"})
-        folder.Add(other, Picture(2, 2, RGB(0, 0, 255)));
+        folder.Add(other, PictureFile(2, 2, RGB(0, 0, 255)));
     folder.Add(L"folder.bmp", {});
     PXImagePanel_SetDirectory(Ascii(folder.path).c_str());
     std::vector<std::wstring> names;
@@ -157,7 +144,7 @@ TEST_F(ImagePanelTest, ListsTheBmpFilesWithTheirNamesAndThumbnails) {
 TEST_F(ImagePanelTest, KeyboardAndMouseChooseAPicture) {
     Folder folder(L"vell_choice");
     for (const wchar_t* name : {L"a.bmp", L"b.bmp", L"c.bmp"})
-        folder.Add(name, Picture(8, 8, RGB(0, 128, 255)));
+        folder.Add(name, PictureFile(8, 8, RGB(0, 128, 255)));
     PXImagePanel_SetDirectory(Ascii(folder.path).c_str());
     const std::string base = Ascii(folder.path) + "\\";
     const auto middleOfItem = [](HWND c) {
@@ -192,7 +179,7 @@ TEST_F(ImagePanelTest, KeyboardAndMouseChooseAPicture) {
 
 TEST_F(ImagePanelTest, MissingOrEmptyFolderSaysSoAndOffersNothingToConfirm) {
     Folder empty(L"vell_no_pictures");
-    empty.Add(L"notes.txt", Picture(2, 2, RGB(0, 0, 0)));
+    empty.Add(L"notes.txt", PictureFile(2, 2, RGB(0, 0, 0)));
     const std::wstring missing = TempRoot() + L"vell_missing_folder";
     const std::pair<std::wstring, std::wstring> cases[] = {
         {missing, L"フォルダがありません: " + missing}, {empty.path, L"画像がありません"}};
@@ -232,7 +219,7 @@ TEST_F(ImagePanelTest, ChosenPathComesBackInTheAnsiCodePageOrNotAtAll) {
     for (const Case& c : cases) {
         SCOPED_TRACE(c.folderAnsi);
         Folder folder(c.folder);
-        folder.Add(c.file, Picture(4, 4, RGB(200, 100, 0)));
+        folder.Add(c.file, PictureFile(4, 4, RGB(200, 100, 0)));
         const std::string folderAnsi = Ascii(TempRoot()) + c.folderAnsi;
         PXImagePanel_SetDirectory(folderAnsi.c_str());
         std::vector<std::wstring> names;

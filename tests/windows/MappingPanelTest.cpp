@@ -4,10 +4,8 @@
 #include <windows.h>
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <string>
 
-#include "BmpWriter.h"
 #include "RemoteControlTest.h"
 
 namespace {
@@ -27,19 +25,6 @@ void RemoveFolder(const std::wstring& folder) {
         DeleteFileW((folder + L"\\" + found.cFileName).c_str());
     if (search != INVALID_HANDLE_VALUE) FindClose(search);
     RemoveDirectoryW(folder.c_str());
-}
-
-// A red w x h 24-bit picture file.
-void WritePicture(const std::wstring& path, int w, int h) {
-    BmpLayout layout;
-    layout.width = w;
-    layout.height = h;
-    layout.pixel = [](int, int, int byte) { return byte == 2 ? 255 : 0; };
-    const std::vector<std::uint8_t> bytes = MakeBmp(layout);
-    FILE* f = _wfopen(path.c_str(), L"wb");
-    ASSERT_NE(f, nullptr);
-    std::fwrite(bytes.data(), 1, bytes.size(), f);
-    std::fclose(f);
 }
 
 class MappingPanelTest : public RemoteControlTest {
@@ -80,7 +65,7 @@ TEST_F(MappingPanelTest, PictureFilesLoadByTheirExtensionsCase) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         const std::wstring path = BesideTest(c.name);
-        WritePicture(path, c.width > 0 ? c.width : 32, 20);
+        WriteBytes(path, PictureFile(c.width > 0 ? c.width : 32, 20, kBody));
         {
             // Answers the file-open dialog (classic or Explorer style) with
             // the path, and a message box with OK.
@@ -107,7 +92,7 @@ TEST_F(MappingPanelTest, PictureListChoosesFromTheImageFolder) {
     const std::wstring folder = BesideTest(L"Image"), picture = folder + L"\\写真.bmp";
     RemoveFolder(folder);
     CreateDirectoryW(folder.c_str(), nullptr);
-    WritePicture(picture, 48, 24);
+    WriteBytes(picture, PictureFile(48, 24, kBody));
     const std::wstring before = BesideTest(L"");
     SetCurrentDirectoryW(before.c_str());
     {

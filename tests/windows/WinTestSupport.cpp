@@ -296,6 +296,21 @@ void TypeChord(HWND focus, const std::vector<WORD>& keys) {
     SendKeyGroups(focus, {chord});
 }
 
+std::vector<std::uint8_t> PictureFile(int w, int h, COLORREF color) {
+    BmpLayout layout(w, h);
+    layout.pixel = [color](int, int, int byte) {
+        return static_cast<std::uint8_t>(color >> (16 - 8 * byte));  // blue first
+    };
+    return MakeBmp(layout);
+}
+
+void WriteBytes(const std::wstring& path, const std::vector<std::uint8_t>& bytes) {
+    if (FILE* f = _wfopen(path.c_str(), L"wb")) {
+        std::fwrite(bytes.data(), 1, bytes.size(), f);
+        std::fclose(f);
+    }
+}
+
 bool PutPictureOnClipboard(int w, int h, const std::function<COLORREF(int x, int y)>& color) {
     BmpLayout layout(w, h);
     layout.pixel = [&](int x, int row, int byte) {  // rows bottom-up, blue first
@@ -324,10 +339,7 @@ void RemoveSettings() {
 }
 
 void WriteSettings(const std::string& content) {
-    if (FILE* f = _wfopen(SettingsPath().c_str(), L"wb")) {
-        std::fwrite(content.data(), 1, content.size(), f);
-        std::fclose(f);
-    }
+    WriteBytes(SettingsPath(), {content.begin(), content.end()});
 }
 
 std::string ReadSettings() {

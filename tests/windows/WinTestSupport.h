@@ -5,6 +5,7 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -116,6 +117,10 @@ void TypeKeys(HWND focus, const std::vector<WORD>& keys);
 // The keys pressed together, as Ctrl+Z: down in order, up in reverse.
 void TypeChord(HWND focus, const std::vector<WORD>& keys);
 
+// A w x h 24-bit BMP file of one color.
+std::vector<std::uint8_t> PictureFile(int w, int h, COLORREF color);
+// Replaces the file at `path` with `bytes`.
+void WriteBytes(const std::wstring& path, const std::vector<std::uint8_t>& bytes);
 // Puts a 24-bit w x h picture on the clipboard; y counts from the top.
 bool PutPictureOnClipboard(int w, int h, const std::function<COLORREF(int x, int y)>& color);
 
