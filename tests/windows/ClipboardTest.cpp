@@ -57,18 +57,10 @@ bool ClipboardIsFree() {
 // A screen bitmap of 4 x 3 pixels: green, the top left corner red and the
 // bottom right one blue.
 HBITMAP PaintedBitmap() {
-    HDC screen = GetDC(nullptr), dc = CreateCompatibleDC(screen);
-    HBITMAP bitmap = CreateCompatibleBitmap(screen, 4, 3);
-    HGDIOBJ old = SelectObject(dc, bitmap);
-    for (int y = 0; y < 3; ++y) {
-        for (int x = 0; x < 4; ++x)
-            SetPixel(dc, x, y,
-                     x + y == 0   ? RGB(255, 0, 0)
-                     : x * y == 6 ? RGB(0, 0, 255)
-                                  : RGB(0, 255, 0));
-    }
-    SelectObject(dc, old);
-    DeleteDC(dc);
+    const DWORD g = 0x00FF00, bits[] = {0xFF0000, g, g, g, g, g, g, g, g, g, g, 0x0000FF};
+    BITMAPINFO info = {{sizeof(BITMAPINFOHEADER), 4, -3, 1, 32, BI_RGB, 0, 0, 0, 0, 0}, {}};
+    HDC screen = GetDC(nullptr);
+    HBITMAP bitmap = CreateDIBitmap(screen, &info.bmiHeader, CBM_INIT, bits, &info, DIB_RGB_COLORS);
     ReleaseDC(nullptr, screen);
     return bitmap;
 }

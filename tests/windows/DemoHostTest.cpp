@@ -37,12 +37,6 @@ void ClickCanvas(HostWindow& host, int x, int y) {
     });
 }
 
-std::wstring TempFile(const wchar_t* name) {
-    wchar_t folder[MAX_PATH];
-    GetTempPathW(MAX_PATH, folder);
-    return std::wstring(folder) + name;
-}
-
 class DemoHostTest : public ::testing::Test {
   protected:
     void SetUp() override {
@@ -112,7 +106,7 @@ TEST_F(DemoHostTest, RefusedFileChangesNothingAndSavedPictureOpensTheSame) {
     ASSERT_TRUE(host.document().CanUndo());
     const std::vector<unsigned char> painted = Pixels(picture());
 
-    const std::wstring bad = TempFile(L"vell-demo-bad.bmp");
+    const std::wstring bad = TempFolder() + L"vell-demo-bad.bmp";
     const std::string text = "BM this is not a picture";
     WriteBytes(bad, {text.begin(), text.end()});
     {
@@ -127,9 +121,10 @@ TEST_F(DemoHostTest, RefusedFileChangesNothingAndSavedPictureOpensTheSame) {
     EXPECT_TRUE(Pixels(picture()) == scene);
     host.document().Redo();
 
-    ASSERT_TRUE(host.SaveFile(TempFile(L"vell-demo-saved.bmp")));
+    const std::wstring saved = TempFolder() + L"vell-demo-saved.bmp";
+    ASSERT_TRUE(host.SaveFile(saved));
     EXPECT_FALSE(host.document().Modified());
-    ASSERT_TRUE(host.OpenFile(TempFile(L"vell-demo-saved.bmp")));
+    ASSERT_TRUE(host.OpenFile(saved));
     EXPECT_TRUE(Pixels(picture()) == painted);
     EXPECT_FALSE(host.document().CanUndo());
 }

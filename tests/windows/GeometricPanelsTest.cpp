@@ -23,12 +23,6 @@ class GeometricPanelsTest : public RemoteControlTest {
     struct Tile : KTEffectTile {
         Tile() { PXColor_GetTile(*this); }
     };
-    // Enabling follows the messages that pass the panel's filter.
-    void Settle(HWND panel) const {
-        PostMessageW(panel, WM_NULL, 0, 0);
-        PumpMessages();
-    }
-
     HWND gradation = nullptr;
     HWND tile = nullptr;
 };
@@ -64,7 +58,8 @@ TEST_F(GeometricPanelsTest, EachGradationTypeGivesItsCodeAndEnablesWhatItUses) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.radio);
         Click(gradation, c.radio);
-        Settle(gradation);
+        PostMessageW(gradation, WM_NULL, 0, 0);  // enabling follows the panel's messages
+        PumpMessages();
         EXPECT_EQ(Gradation().type, c.code);
         // Each setting's bar or edit and its label; the mix bar and the rest always.
         const std::pair<int, bool> controls[] = {

@@ -16,12 +16,6 @@
 
 namespace {
 
-std::wstring TempRoot() {
-    wchar_t temp[MAX_PATH] = {};
-    GetTempPathW(MAX_PATH, temp);
-    return temp;
-}
-
 std::string Ascii(const std::wstring& text) {
     return std::string(text.begin(), text.end());
 }
@@ -29,7 +23,7 @@ std::string Ascii(const std::wstring& text) {
 // A folder in the temp directory, removed with the files put in it. The
 // long-path prefix lets paths near MAX_PATH be made.
 struct Folder {
-    explicit Folder(const std::wstring& name) : path(TempRoot() + name) { Add(L"", {}); }
+    explicit Folder(const std::wstring& name) : path(TempFolder() + name) { Add(L"", {}); }
     ~Folder() {
         for (const std::wstring& file : files) {
             if (!DeleteFileW(file.c_str())) RemoveDirectoryW(file.c_str());
@@ -180,7 +174,7 @@ TEST_F(ImagePanelTest, KeyboardAndMouseChooseAPicture) {
 TEST_F(ImagePanelTest, MissingOrEmptyFolderSaysSoAndOffersNothingToConfirm) {
     Folder empty(L"vell_no_pictures");
     empty.Add(L"notes.txt", PictureFile(2, 2, RGB(0, 0, 0)));
-    const std::wstring missing = TempRoot() + L"vell_missing_folder";
+    const std::wstring missing = TempFolder() + L"vell_missing_folder";
     const std::pair<std::wstring, std::wstring> cases[] = {
         {missing, L"フォルダがありません: " + missing}, {empty.path, L"画像がありません"}};
     for (const auto& c : cases) {
@@ -212,7 +206,7 @@ TEST_F(ImagePanelTest, ChosenPathComesBackInTheAnsiCodePageOrNotAtAll) {
     // Full paths of 259 and 260 bytes: the caller's buffer holds 260 with
     // the terminator. The temp folder, "vell_", the d's, "\" and "p.bmp".
     for (std::size_t length : {259, 260}) {
-        const std::string name = "vell_" + std::string(length - TempRoot().size() - 11, 'd');
+        const std::string name = "vell_" + std::string(length - TempFolder().size() - 11, 'd');
         cases.push_back({std::wstring(name.begin(), name.end()), name, L"p.bmp",
                          length < 260 ? "p.bmp" : nullptr});
     }
@@ -220,7 +214,7 @@ TEST_F(ImagePanelTest, ChosenPathComesBackInTheAnsiCodePageOrNotAtAll) {
         SCOPED_TRACE(c.folderAnsi);
         Folder folder(c.folder);
         folder.Add(c.file, PictureFile(4, 4, RGB(200, 100, 0)));
-        const std::string folderAnsi = Ascii(TempRoot()) + c.folderAnsi;
+        const std::string folderAnsi = Ascii(TempFolder()) + c.folderAnsi;
         PXImagePanel_SetDirectory(folderAnsi.c_str());
         std::vector<std::wstring> names;
         EXPECT_EQ(RunChooser([&](HWND chooser) {

@@ -6,7 +6,6 @@
 #include <cstddef>
 #include <cstdlib>
 #include <initializer_list>
-#include <type_traits>
 
 #include "vellcolor/VellColor.h"
 
@@ -81,13 +80,5 @@ constexpr bool At(std::initializer_list<std::size_t> got,
 #endif
 
 static_assert(sizeof(ColorRGB) == 3 && sizeof(ColorF) == 12, "color sizes");
-static_assert(std::is_standard_layout<KTEffectGradation>::value &&
-                  std::is_standard_layout<KTEffectTile>::value &&
-                  std::is_standard_layout<KTEffectStripe>::value &&
-                  std::is_standard_layout<KTEffectDensityPattern>::value &&
-                  std::is_standard_layout<KTMapping>::value &&
-                  std::is_standard_layout<BitmapImage>::value &&
-                  std::is_standard_layout<VellHostWindow>::value,
-              "host-visible classes are standard layout");
 
 }  // namespace

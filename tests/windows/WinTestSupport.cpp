@@ -327,6 +327,12 @@ bool PutPictureOnClipboard(int w, int h, const std::function<COLORREF(int x, int
     return put;
 }
 
+std::wstring TempFolder() {
+    wchar_t folder[MAX_PATH] = {};
+    GetTempPathW(MAX_PATH, folder);
+    return folder;
+}
+
 std::wstring SettingsPath() {
     wchar_t path[MAX_PATH] = {};
     GetModuleFileNameW(nullptr, path, MAX_PATH);

@@ -124,6 +124,9 @@ void WriteBytes(const std::wstring& path, const std::vector<std::uint8_t>& bytes
 // Puts a 24-bit w x h picture on the clipboard; y counts from the top.
 bool PutPictureOnClipboard(int w, int h, const std::function<COLORREF(int x, int y)>& color);
 
+// The temporary files' folder, with a backslash at the end.
+std::wstring TempFolder();
+
 // "PXColor.ini" beside the test program, as the library finds it.
 std::wstring SettingsPath();
 void RemoveSettings();
