@@ -14,19 +14,17 @@ namespace {
 void WriteTexts(const std::string& dir, const std::string& prefix,
                 const std::vector<std::string>& texts) {
     mkdir(dir.c_str(), 0755);
-    for (std::size_t i = 0; i < texts.size(); ++i) {
+    for (std::size_t i = 0; i < texts.size(); ++i)
         WriteFile(dir + "/" + prefix + std::to_string(i),
                   std::vector<std::uint8_t>(texts[i].begin(), texts[i].end()));
-    }
 }
 
 // A renderer input: a 40 x 30 picture with a disc as the part, seed `salt`, one thread,
 // the effect's selector and its first fields. The target reads these from the end of
 // its input, so they go last and backwards, after varied bytes for the other fields.
-std::string RenderSeed(int effect, std::vector<std::uint8_t> fields, int salt) {
-    const std::uint8_t e = static_cast<std::uint8_t>(effect), s = static_cast<std::uint8_t>(salt);
+std::string RenderSeed(std::uint8_t effect, std::vector<std::uint8_t> fields, std::uint8_t salt) {
     // Size, padding, a disc of radius 15, its own box, seed, threads, dither.
-    std::vector<std::uint8_t> read = {39, 29, 0, 0, 4, 0x80, 0, 0, 0, 0, 0, 0, 0, s, 0, 0, e};
+    std::vector<std::uint8_t> read{39, 29, 0, 0, 4, 0x80, 0, 0, 0, 0, 0, 0, 0, salt, 0, 0, effect};
     read.insert(read.end(), fields.begin(), fields.end());
     std::string bytes;
     for (int i = 0; i < 200; ++i) bytes += static_cast<char>(i * 37 + salt * 11);
@@ -56,19 +54,15 @@ int main(int argc, char** argv) {
     };
     for (const auto& seed : seeds) {
         BmpLayout layout(5, seed.height, seed.bitCount, seed.compression, seed.headerSize);
-        if (seed.compression == 3) {
+        if (seed.compression == 3)
             layout.masks = seed.bitCount == 16 ? std::vector<std::uint32_t>{0xF800, 0x07E0, 0x001F}
                                                : std::vector<std::uint32_t>{0xFF0000, 0xFF00, 0xFF};
-        }
-        if (seed.bitCount == 8) {
-            layout.colorsUsed = 16;
-            layout.palette.assign(16, 0x123456);
-        }
+        layout.palette.assign(seed.bitCount == 8 ? 16 : 0, 0x123456);
+        layout.colorsUsed = static_cast<std::uint32_t>(layout.palette.size());
         layout.pixel = [](int x, int row, int byte) { return x * 31 + row * 17 + byte; };
-        const std::vector<std::uint8_t> file = MakeBmp(layout);
-        WriteFile(dibs + "/" + seed.name,
-                  seed.block ? std::vector<std::uint8_t>(file.begin() + 14, file.end())
-                             : DibBlockOf(file));
+        std::vector<std::uint8_t> block = DibBlockOf(MakeBmp(layout));
+        if (seed.block) block.resize(block.size() - 14);
+        WriteFile(dibs + "/" + seed.name, block);
     }
     // A block whose header claims 100 x 100 pixels in 45 bytes.
     const std::vector<std::uint8_t> file = MakeBmp(BmpLayout(100, 100));
@@ -85,8 +79,7 @@ int main(int argc, char** argv) {
                 "+3 0x10 1e3 -0 255\t9 8"});
     // Any bytes make a renderer input; these start it on a few sizes and effects.
     std::vector<std::string> renders;
-    for (int i = 0; i < 8; ++i)
-        renders.push_back(std::string(24 + 40 * i, static_cast<char>(37 * i)));
+    for (int i = 0; i < 8; ++i) renders.push_back(std::string(24 + 40 * i, char(37 * i)));
     WriteTexts(root + "/render", "render", renders);
     // The isoline pattern, every known type with 6 points and 16 radial
     // lines (a known code, then its index; a count in range, then its value

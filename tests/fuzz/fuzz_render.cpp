@@ -1,8 +1,7 @@
-// libFuzzer target: the reference renderer on small random pictures and parts, every
-// field of its object drawn from the bytes (NaN, infinities, huge, negative and zero
-// values, unknown codes, 0 to 9 colors; no image, a 1 x 1 one or a small random one).
-// Whatever it is given, it returns 0 (or -2 without memory) and no byte outside the
-// part changes, row padding included.
+// libFuzzer target: the reference renderer on small random pictures and parts, every field of
+// its object drawn from the bytes (NaN, infinities, huge, negative and zero values, unknown
+// codes, 0 to 9 colors; no image, a 1 x 1 one or a small random one). Whatever it is given,
+// it returns 0 (or -2 without memory) and no byte outside the part changes, padding included.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <climits>
@@ -30,19 +29,16 @@ float AnyFloat(FuzzedDataProvider& data) {
 
 // One of the known codes, or half the time any integer.
 int AnyCode(FuzzedDataProvider& data, std::initializer_list<const int> known) {
-    if (data.ConsumeBool()) return data.ConsumeIntegral<int>();
-    return data.PickValueInArray(known);
+    return data.ConsumeBool() ? data.ConsumeIntegral<int>() : data.PickValueInArray(known);
 }
 
 ColorRGB AnyColor(FuzzedDataProvider& data) {
     return ColorRGB::FromColorRef(data.ConsumeIntegral<std::uint32_t>());
 }
 
-// Channels anywhere, NaN and infinities included, not only 0..1.
+// Channels anywhere, NaN and infinities included, not only 0..1; braces keep the draws in order.
 ColorF AnyColorF(FuzzedDataProvider& data) {
-    ColorF c;
-    for (float* channel : {&c.red, &c.green, &c.blue}) *channel = AnyFloat(data);
-    return c;
+    return ColorF{AnyFloat(data), AnyFloat(data), AnyFloat(data)};
 }
 
 // 0 to 9 colors in a malloc'd array, as the objects own them; sometimes a
@@ -67,8 +63,7 @@ int AnyCount(FuzzedDataProvider& data) {
     }
 }
 
-// No image, a 1 x 1 one, or up to 16 x 16 of the fuzzer's bytes, 24-bit as
-// the objects hold them.
+// No image, a 1 x 1 one, or up to 16 x 16 of the fuzzer's bytes, 24-bit as the objects hold them.
 BitmapImage* AnyImage(FuzzedDataProvider& data) {
     const int kind = data.ConsumeIntegralInRange(0, 2);
     if (kind == 0) return nullptr;
@@ -140,8 +135,7 @@ int RenderAny(FuzzedDataProvider& data, const Picture& p, const Part& part, cons
             KTMapping m;
             for (int* code : {&m.repeat, &m.seamless, &m.fitWhole, &m.assigned})
                 *code = AnyCode(data, {0, 1});
-            m.scale = AnyFloat(data);
-            m.angle = AnyFloat(data);
+            for (float* f : {&m.scale, &m.angle}) *f = AnyFloat(data);
             m.image = AnyImage(data);
             const float stretch = AnyFloat(data);
             return RenderMapping(m, stretch, p, part, o);
@@ -190,10 +184,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     // A box wider than the coverage is allowed too, even around no coverage
     // at all: its zero bytes stay outside.
     if (data.ConsumeBool()) part = Part{mask.data(), maskStride, 0, 0, w, h};
-    Options options;
-    options.seed = data.ConsumeIntegral<std::uint32_t>();
-    options.threads = data.ConsumeIntegralInRange(1, 2);
-    options.dither = data.ConsumeBool();
+    // Seed, threads and dither; braces keep the draws in order.
+    const Options options{data.ConsumeIntegral<std::uint32_t>(), data.ConsumeIntegralInRange(1, 2),
+                          data.ConsumeBool()};
 
     const std::vector<unsigned char> before = pixels;
     const int result = RenderAny(data, picture, part, options);
@@ -201,8 +194,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     for (std::size_t i = 0; i < pixels.size(); ++i) {
         const int y = static_cast<int>(i / pictureStride),
                   x = static_cast<int>(i % pictureStride) / 3;
-        const bool covered = x < w && mask[y * maskStride + x] != 0;
-        if (!covered && pixels[i] != before[i]) std::abort();
+        if (pixels[i] != before[i] && (x >= w || mask[y * maskStride + x] == 0)) std::abort();
     }
     return 0;
 }

@@ -1,5 +1,4 @@
-// The color ramp (bands, runs, bias, hue), then each gradation type's
-// defining property on a simple part, and dithering.
+// The color ramp (bands, runs, bias, hue), each gradation type's defining property, dithering.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -19,8 +18,7 @@ const ColorRGB kBlack(0, 0, 0), kWhite(255, 255, 255), kRed(255, 0, 0), kBlue(0,
 ColorRamp Build(std::vector<ColorRGB> colors, float mix, float bias = 0, int repeat = 1,
                 bool hue = false) {
     ColorRamp ramp;
-    EXPECT_EQ(ramp.Build({colors.data(), static_cast<int>(colors.size()), mix, bias, hue, repeat}),
-              0);
+    EXPECT_EQ(ramp.Build({colors.data(), int(colors.size()), mix, bias, hue, repeat}), 0);
     return ramp;
 }
 
@@ -62,8 +60,7 @@ TEST(ColorRampTest, BiasMovesTheMidpointTowardTheStatedEnd) {
 }
 
 TEST(ColorRampTest, HueBlendGoesRoundTheCircleNotThroughGrey) {
-    const ColorRGB middle = Build({kRed, kBlue}, 1.0f, 0, 1, true).At(0.5f);
-    EXPECT_EQ(middle, ColorRGB(255, 0, 255));  // magenta, the shorter way
+    EXPECT_EQ(Build({kRed, kBlue}, 1.0f, 0, 1, true).At(0.5f), ColorRGB(255, 0, 255));  // magenta
     EXPECT_EQ(Build({kRed, kBlue}, 1.0f).At(0.5f), ColorRGB(127, 0, 128));  // in RGB: dark purple
     // A grey end keeps the other end's hue: red fades to white without a rainbow.
     for (const ColorRGB& c : Sweep(Build({kRed, kWhite}, 1.0f, 0, 1, true)))
@@ -118,7 +115,7 @@ TEST(GradationRenderTest, OutlineIsTheExactDistanceToTheEdge) {
     DistanceField field;
     ASSERT_EQ(field.Compute(canvas.part, 2), 0);
     float deepest = 0;
-    for (int y = canvas.part.bottom; y < canvas.part.top; ++y) {
+    for (int y = canvas.part.bottom; y < canvas.part.top; ++y)
         for (int x = canvas.part.left; x < canvas.part.right; ++x) {
             std::uint32_t best = inside(x, y) ? ~0u : 0;
             for (int oy = -1; oy <= 28 && best; ++oy)
@@ -129,7 +126,6 @@ TEST(GradationRenderTest, OutlineIsTheExactDistanceToTheEdge) {
             ASSERT_EQ(field.Squared(x, y), best) << x << "," << y;
             deepest = std::max(deepest, DistanceField::EdgeDistance(best));
         }
-    }
     KTEffectGradation g;
     g.SetType(3);
     g.SetMix(1.0f);
@@ -150,10 +146,8 @@ TEST(GradationRenderTest, FourCornersPutsEachColorInItsCorner) {
                                           ColorRGB(0, 0, 255), ColorRGB(255, 255, 0)};
     g.SetColors(4, colors.data());
     ASSERT_EQ(RenderGradation(g, canvas.picture, canvas.part), 0);
-    EXPECT_EQ(canvas.At(0, 16), colors[0]);   // top left
-    EXPECT_EQ(canvas.At(24, 16), colors[1]);  // top right
-    EXPECT_EQ(canvas.At(24, 0), colors[2]);   // bottom right
-    EXPECT_EQ(canvas.At(0, 0), colors[3]);    // bottom left
+    const int corners[4][2] = {{0, 16}, {24, 16}, {24, 0}, {0, 0}};  // clockwise from top left
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(canvas.At(corners[i][0], corners[i][1]), colors[i]) << i;
     EXPECT_EQ(canvas.At(12, 8), ColorRGB(128, 128, 64));
 }
 

@@ -14,13 +14,9 @@ const ColorRGB kGrey(100, 100, 100);
 // Red names the image column, green the row.
 const auto kCoded = [](int x, int y) { return ColorRGB(30 * x, 40 * y, 9); };
 
-void SetImage(KTMapping& m, int w, int h, std::function<ColorRGB(int, int)> color) {
-    m.SetImage(RenderCanvas(w, h).Fill(color).image);
-}
-
 TEST(MappingRenderTest, FullScaleShowsTheImagesPixelsTiledMirroredOrAlone) {
     KTMapping m;
-    SetImage(m, 7, 5, kCoded);
+    m.SetImage(RenderCanvas(7, 5).Fill(kCoded).image);
     for (int mode = 0; mode < 3; ++mode) {  // tiled, tiled mirrored, alone
         m.SetRepeat(mode < 2);
         m.SetSeamless(mode == 1);
@@ -48,7 +44,7 @@ TEST(MappingRenderTest, FullScaleShowsTheImagesPixelsTiledMirroredOrAlone) {
 
 TEST(MappingRenderTest, FitWholeMapsTheImagesCornersToTheBoxs) {
     KTMapping m;
-    SetImage(m, 2, 2, kCoded);
+    m.SetImage(RenderCanvas(2, 2).Fill(kCoded).image);
     m.SetRepeat(0);
     m.SetFitWhole(1);
     m.SetScale(0.3f);  // fit whole wins over scale and stretch
@@ -61,8 +57,10 @@ TEST(MappingRenderTest, FitWholeMapsTheImagesCornersToTheBoxs) {
 
 TEST(MappingRenderTest, ATenthOfAFineCheckerIsItsEvenGrey) {
     KTMapping m;
-    SetImage(m, 256, 256,
-             [](int x, int y) { return (x + y) % 2 ? ColorRGB(255, 255, 255) : ColorRGB(); });
+    m.SetImage(
+        RenderCanvas(256, 256)
+            .Fill([](int x, int y) { return (x + y) % 2 ? ColorRGB(255, 255, 255) : ColorRGB(); })
+            .image);
     m.SetScale(0.1f);
     m.SetAngle(17.0f);
     RenderCanvas canvas(64, 48);

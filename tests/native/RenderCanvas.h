@@ -30,21 +30,17 @@ struct RenderCanvas {
         const unsigned char* p = image.PixelAt(x, y);
         return ColorRGB(p[2], p[1], p[0]);
     }
-    void Set(int x, int y, ColorRGB c) {
-        unsigned char* p = image.PixelAt(x, y);
-        p[0] = c.blue;
-        p[1] = c.green;
-        p[2] = c.red;
-    }
     // Every pixel color(x, y).
     RenderCanvas& Fill(const std::function<ColorRGB(int, int)>& color) {
-        for (int y = 0; y < image.height; ++y)
-            for (int x = 0; x < image.width; ++x) Set(x, y, color(x, y));
+        for (int i = 0; i < image.width * image.height; ++i) {
+            const ColorRGB c = color(i % image.width, i / image.width);
+            unsigned char* p = image.PixelAt(i % image.width, i / image.width);
+            p[0] = c.blue, p[1] = c.green, p[2] = c.red;
+        }
         return *this;
     }
-    int Coverage(int x, int y) const { return mask[static_cast<std::size_t>(y) * image.width + x]; }
     std::vector<unsigned char> Bytes() const {
-        return std::vector<unsigned char>(image.pixels, image.pixels + image.pixelBytes);
+        return {image.pixels, image.pixels + image.pixelBytes};
     }
 };
 

@@ -1,6 +1,5 @@
-// What every effect and operation shares: it paints the part and nothing else, blending
-// its anti-aliased edge by coverage; it refuses targets that do not fit and paints
-// nothing into an empty part. Then what blur and edge paint.
+// Every effect and operation paints only the part, blending its anti-aliased edge by coverage;
+// it refuses targets that do not fit and paints nothing into an empty part. Then blur and edge.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -18,7 +17,9 @@ namespace {
 const ColorRGB kFill(10, 200, 30), kWhite(255, 255, 255);
 const ColorRGB kTwoWhite[2] = {kWhite, kWhite};
 
-using Paint = std::function<int(const Picture&, const Part&)>;
+using P = const Picture&;
+using A = const Part&;
+using Paint = std::function<int(P, A)>;
 struct Painter {
     std::string name;
     ColorRGB inside;  // what a fully covered pixel becomes on a picture of kFill
@@ -31,7 +32,7 @@ std::vector<Painter> Painters() {
         painters.push_back({name, inside, paint});
     };
     for (int type : {0, 1, 3, 4, 5, 6, 7, 8, 101, 104, 105, 106, 107, 108, 55}) {
-        add("gradation " + std::to_string(type), kWhite, [=](const Picture& p, const Part& part) {
+        add("gradation " + std::to_string(type), kWhite, [=](P p, A part) {
             KTEffectGradation g;
             g.SetType(type);
             g.SetAngle(30);
@@ -40,7 +41,7 @@ std::vector<Painter> Painters() {
         });
     }
     for (int shape = 0; shape < 5; ++shape) {
-        add("tile " + std::to_string(shape), kWhite, [=](const Picture& p, const Part& part) {
+        add("tile " + std::to_string(shape), kWhite, [=](P p, A part) {
             KTEffectTile t;
             t.SetShape(shape);
             t.SetTileSize(7.0f, 5.0f);
@@ -53,7 +54,7 @@ std::vector<Painter> Painters() {
         });
     }
     for (int direction = 1; direction <= 7; ++direction) {
-        add("stripe " + std::to_string(direction), kWhite, [=](const Picture& p, const Part& part) {
+        add("stripe " + std::to_string(direction), kWhite, [=](P p, A part) {
             KTEffectStripe s;
             s.SetDirection(direction);
             s.SetInterval(6.0f);
@@ -61,10 +62,7 @@ std::vector<Painter> Painters() {
             return RenderStripe(s, p, part);
         });
     }
-    using P = const Picture&;
-    using A = const Part&;
-    const ColorRGB color(1, 2, 3);
-    add("uniform", color, [=](P p, A a) { return FillUniform(color, p, a); });
+    add("uniform", ColorRGB(1, 2, 3), [](P p, A a) { return FillUniform({1, 2, 3}, p, a); });
     add("blur", kFill, [](P p, A a) { return Blur(5.0f, p, a); });
     add("invert", ColorRGB(245, 55, 225), [](P p, A a) { return Invert(p, a); });
     add("edge", kWhite, [](P p, A a) { return DrawEdge(kWhite, 99.0f, p, a); });
@@ -118,7 +116,7 @@ struct TwoHalves : RenderCanvas {
 TEST(OperationsRenderTest, BlurMixesOnlyThePartsOwnPixels) {
     // Outside the disc the picture is green; none of it may bleed in.
     TwoHalves canvas;
-    canvas.Fill([&](int x, int y) { return canvas.Coverage(x, y) ? canvas.At(x, y) : kGreen; });
+    canvas.Fill([&](int x, int y) { return canvas.mask[y * 60 + x] ? canvas.At(x, y) : kGreen; });
     ASSERT_EQ(Blur(6.0f, canvas.picture, canvas.part, Options{0, 2}), 0);
     for (int i = 0; i < 60 * 40; ++i) {
         // A mix of the two, no darker.

@@ -13,18 +13,15 @@
 
 namespace {
 
-// Byte i of the noise map is byte(i).
+// Byte i of the noise map is byte(i), or the same for every i.
 struct NoiseOf : NoiseSource {
     explicit NoiseOf(std::function<int(std::size_t)> f) : byte(std::move(f)) {}
+    explicit NoiseOf(int value) : byte([value](std::size_t) { return value; }) {}
     void Fill(unsigned char* bytes, std::size_t count) override {
         for (std::size_t i = 0; i < count; ++i) bytes[i] = static_cast<unsigned char>(byte(i));
     }
     std::function<int(std::size_t)> byte;
 };
-
-NoiseOf Constant(int value) {
-    return NoiseOf([value](std::size_t) { return value; });
-}
 
 // The picture's greys, top row first (the last stored row); every pixel grey.
 template <class Noise>
@@ -64,7 +61,7 @@ TEST(TextureSamplesTest, EachTextureShadesTheBandAcrossItsWidth) {
     for (int texture = 0; texture < kTextureCount; ++texture) {
         const auto& f = shapes[texture];
         const std::vector<int> greys =
-            Render(texture, 1, h, Constant(texture == 1 || texture == 2 ? 255 : 0));
+            Render(texture, 1, h, NoiseOf(texture == 1 || texture == 2 ? 255 : 0));
         for (int y = 0; y < h; ++y) {
             const float t = std::fabs(y + 0.5f - h / 2) / r;
             const bool nearStep = std::fabs(f(t - 0.01f) - f(t + 0.01f)) > 0.1f;
@@ -81,12 +78,12 @@ TEST(TextureSamplesTest, BandCentreAndRimSubPoints) {
     // r = 2.4 around y = 4: rows 1 and 6 lie 2.5 off (t > 1) with one sub-row
     // of three inside, coverage 1/3. Only the sub-row nearer the line averages
     // t below 1 (the empty row beside does not count), so 1/9 stays.
-    const std::vector<int> greys = Render(0, 1, 8, Constant(0));
+    const std::vector<int> greys = Render(0, 1, 8, NoiseOf(0));
     EXPECT_EQ(greys[1], static_cast<int>(255 - 255 / 9.0f));
     EXPECT_EQ(greys[6], greys[1]);
     // The centre line lies at height / 2 in whole pixels counted from the
     // bottom row: for 5, between the second and third rows from the bottom.
-    const std::vector<int> odd = Render(0, 1, 5, Constant(0));
+    const std::vector<int> odd = Render(0, 1, 5, NoiseOf(0));
     EXPECT_EQ(odd, (std::vector<int>{255, odd[1], 0, 0, odd[1]}));
 }
 

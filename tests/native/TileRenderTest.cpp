@@ -1,5 +1,4 @@
-// The tile effect's defining properties on small pictures: seams, the
-// alternating colors of each shape, the mosaic's means and determinism.
+// The tile effect: seams, each shape's alternating colors, the mosaic's means, determinism.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -54,29 +53,21 @@ TEST(TileRenderTest, SeamsTakeTheSeamColorOrKeepThePartsOwnPixels) {
 }
 
 TEST(TileRenderTest, AlternateColoringSetsNeighboursApart) {
-    // Shape, width, height, a point (u, v) from the box's centre and 1 where
-    // coloring 0 puts color 2 there.
+    // Shape, width, height, a point (u, v) from the box's centre and 1 where coloring 0 puts
+    // color 2 there. Triangles: up on the centre's vertex, down beside it, up on that one.
     const float tri = 20 * std::sqrt(3.0f), hex = 40 / std::sqrt(3.0f);
-    const float cases[][6] = {
-        {0, 20, 20, 10, 10, 0},
-        {0, 20, 20, -10, 10, 1},
-        {0, 20, 20, -10, -10, 0},
-        {1, 20, 20, 30, 10, 1},
-        {2, 20, tri, 0, tri / 3, 0},       // up, on the centre's vertex
-        {2, 20, tri, 20, tri / 3, 1},      // down beside it
-        {2, 20, tri, 20, tri * 4 / 3, 0},  // up on that one
-        {3, 20, hex, 0, 0, 0},
-        {3, 20, hex, 20, 0, 0},
-        {3, 20, hex, 10, hex * 0.75f, 1},
-    };
+    const float cases[][6] = {{0, 20, 20, 10, 10, 0},           {0, 20, 20, -10, 10, 1},
+                              {0, 20, 20, -10, -10, 0},         {1, 20, 20, 30, 10, 1},
+                              {2, 20, tri, 0, tri / 3, 0},      {2, 20, tri, 20, tri / 3, 1},
+                              {2, 20, tri, 20, tri * 4 / 3, 0}, {3, 20, hex, 0, 0, 0},
+                              {3, 20, hex, 20, 0, 0},           {3, 20, hex, 10, hex * 0.75f, 1}};
     for (int coloring : {0, 7}) {  // an unknown code paints as 0
         for (const float* c : cases) {
             RenderCanvas canvas(121, 121);
             KTEffectTile t;
             Tiles(t, static_cast<int>(c[0]), c[1], c[2], 0, coloring);
             ASSERT_EQ(RenderTile(t, canvas.picture, canvas.part), 0);
-            const int x = static_cast<int>(std::floor(60.5f + c[3]));
-            const int y = static_cast<int>(std::floor(60.5f + c[4]));
+            const int x = int(std::floor(60.5f + c[3])), y = int(std::floor(60.5f + c[4]));
             EXPECT_EQ(canvas.At(x, y), c[5] ? kB : kA) << c[0] << " " << c[3] << "," << c[4];
         }
     }

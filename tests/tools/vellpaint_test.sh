@@ -22,14 +22,13 @@ printf 'mix = 1\nangle 30\n' >noequals.txt
 printf '# fine\ntype = 4\ncolours = #ff0000,#00ff00\n' >unknownkey.txt
 
 failures=0
+fail() { echo "FAIL: $*"; failures=$((failures + 1)); }
 while read -r line; do
   set -f; args=($line); set +f
-  "$tool" "${args[@]}" 2>err.txt
-  status=$?
+  "$tool" "${args[@]}" 2>err.txt; status=$?
   if [ $status -eq 0 ] || [ "$(wc -l <err.txt)" -ne 1 ] || ! grep -q '^vellpaint: ' err.txt ||
      [ -e out.png ]; then
-    echo "FAIL: vellpaint $line (exit $status): $(cat err.txt)"
-    failures=$((failures + 1))
+    fail "vellpaint $line (exit $status): $(cat err.txt)"
     rm -f out.png
   fi
 done <<'TABLE'
@@ -66,16 +65,14 @@ TABLE
 png_size() { od -An -tu1 -j16 -N8 "$1" | awk '{ print $3 * 256 + $4 "x" $7 * 256 + $8 }'; }
 check_good() {  # expected size, arguments...
   local expected=$1; shift
-  if ! "$@" -o good.png || [ "$(png_size good.png)" != "$expected" ]; then
-    echo "FAIL: $* gave no $expected PNG"
-    failures=$((failures + 1))
-  fi
+  "$tool" "$@" -o good.png && [ "$(png_size good.png)" = "$expected" ] ||
+    fail "vellpaint $* gave no $expected PNG"
 }
-check_good 64x48 "$tool" tile --size 64x48 --set colors=#ff0000,#0000ff --seed 3 --threads 2
-check_good 7x5 "$tool" edge --picture pic.bmp --mask pic.bmp --set width=1.5
-check_good 64x48 "$tool" pattern --size 64x48 --set patternType=4 --set referencePoints=5 \
+check_good 64x48 tile --size 64x48 --set colors=#ff0000,#0000ff --seed 3 --threads 2
+check_good 7x5 edge --picture pic.bmp --mask pic.bmp --set width=1.5
+check_good 64x48 pattern --size 64x48 --set patternType=4 --set referencePoints=5 \
   --set colors=#ff0000,#00ff00,#0000ff --set borderColor=#000000 --seed 9 --threads 2
-check_good 64x48 "$tool" pattern --size 64x48 --set patternType=15 --set imageSize=20
-check_good 7x5 "$tool" mapping --picture pic.bmp --image narrow.bmp --set angle=30 \
+check_good 64x48 pattern --size 64x48 --set patternType=15 --set imageSize=20
+check_good 7x5 mapping --picture pic.bmp --image narrow.bmp --set angle=30 \
   --set scale=0.5 --set stretch=1
 exit $((failures > 0))
