@@ -1,6 +1,7 @@
 // Helpers for the Windows tests: a host window that records notifications,
 // message pumping, the remote control's windows, watchers that answer system
-// dialogs and menus, real keyboard input, and the settings file.
+// dialogs and menus, real input, pictures in files and on the clipboard, and
+// the settings file.
 #pragma once
 
 #include <windows.h>
